@@ -1,0 +1,35 @@
+# SPDX-FileCopyrightText: The GCodeAddin developers
+# SPDX-License-Identifier: MIT
+# What every target of this project is compiled with.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# The add-in and the libraries are found beside the programs, in the build tree and installed.
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+
+option(KX_BUILD_TESTS "Build the tests" ON)
+option(KX_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
+option(KX_COVERAGE "Count the executed lines" OFF)
+set(KX_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize= takes them")
+
+# Results must not depend on the machine: no contraction of a*b+c into one rounding.
+add_compile_options(-ffp-contract=off -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                    -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast)
+if(KX_WARNINGS_AS_ERRORS)
+  add_compile_options(-Werror)
+endif()
+if(KX_SANITIZE)
+  add_compile_options(-fsanitize=${KX_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${KX_SANITIZE})
+endif()
+if(KX_COVERAGE)
+  add_compile_options(--coverage)
+  add_link_options(--coverage)
+endif()
