@@ -73,6 +73,6 @@ KX_EXPORT kxCircleArc_ptr kxCreateCircleArc(const kxString& layer, const kxCircl
 KX_EXPORT kxEllipseArc_ptr kxCreateEllipseArc(const kxString& layer, const kxEllipseArcData& data);
 KX_EXPORT kxPolyLine_ptr kxCreatePolyLine(const kxString& layer, const kxPolyLineData& data);
 /// Null unless degree >= 1, there are degree + 1 control points at least, the numbers of knots
-/// and weights fit, and the knots do not decrease.
+/// and weights fit, weights are above 0, and the knots do not decrease and span an interval.
 KX_EXPORT kxSpline_ptr kxCreateSpline(const kxString& layer, const kxSplineData& data);
 KX_EXPORT kxSimpleNote_ptr kxCreateSimpleNote(const kxString& layer, const kxSimpleNoteData& data);

@@ -32,7 +32,8 @@ public:
     /// Replaces a set, in the given order, each object once; objects that are not in the drawing or
     /// lie on a hidden layer are left out. A current set that becomes empty becomes the previous
     /// set. Sends the selection-changed event when the current set changed.
-    virtual void SetSelection(kxSelectionSetType_e set, const std::vector<kxObject_ptr>& objects) = 0;
+    virtual void SetSelection(kxSelectionSetType_e set,
+                              const std::vector<kxObject_ptr>& objects) = 0;
 
     /// Sets an option, such as the unit. Sends no event: the host tells the add-ins through
     /// `kxHostApplication_c::NotifyActiveDocumentChanged`.
