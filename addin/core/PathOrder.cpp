@@ -13,24 +13,21 @@ namespace GCode {
 
 namespace {
 
-constexpr std::size_t kBlock = 64;
+constexpr std::size_t kBlock = 32;
+constexpr std::size_t kRun = 4;
 constexpr double kNowhere = std::numeric_limits<double>::quiet_NaN();
 
 /// The entities still to be visited, in list order. Beside the records it keeps their coordinates
-/// in flat arrays, in which whatever can't be chosen lies nowhere: its distance is no number, and
-/// so is below no bar.
+/// in flat arrays, the two ends of a line in either order. Whatever can't be chosen lies nowhere
+/// there: its distance is no number, and so is below no bar.
 class RemainingList {
 public:
     explicit RemainingList(std::vector<Entity> selection);
 
     bool empty() const { return m_live == 0; }
 
-    /// The distance to be undercut in the first pass: of a line at the head both ends count.
-    double initialBar(const Point& from) const;
-    /// The distance to be undercut in the later passes: of the head only the first point counts.
-    double headBar(const Point& from) const;
     /// One pass over the list: the entity nearest to `from`, removed.
-    Entity takeNearest(const Point& from, double bar);
+    Entity takeNearest(const Point& from);
 
 private:
     struct Pass {
@@ -93,20 +90,14 @@ void RemainingList::place(std::size_t row) {
     }
 }
 
-double RemainingList::initialBar(const Point& from) const {
-    const Entity& head = m_entities[m_head];
-    const double bar = distance(from, head.firstPoint);
-    return head.type == kxLineType ? std::min(bar, distance(from, head.secondPoint)) : bar;
-}
-
-double RemainingList::headBar(const Point& from) const {
-    return distance(from, m_entities[m_head].firstPoint);
-}
-
-Entity RemainingList::takeNearest(const Point& from, double bar) {
-    Pass pass{from, bar, m_head};
+Entity RemainingList::takeNearest(const Point& from) {
+    // Only the first point of the head sets the bar, in the first pass too: the head is the first
+    // to be offered, and a line brings the bar down to its nearer end by itself.
+    Pass pass{from, distance(from, m_entities[m_head].firstPoint), m_head};
     for (std::size_t begin = m_head / kBlock * kBlock; begin < m_entities.size(); begin += kBlock) {
-        if (mayHoldNearer(begin, pass)) {
+        // A list drawn towards the tool gets nearer row by row; ruling out blocks is in vain there.
+        const bool gettingNearer = pass.candidate + kRun >= begin;
+        if (gettingNearer || mayHoldNearer(begin, pass)) {
             walkBlock(begin, &pass);
         }
     }
@@ -182,7 +173,6 @@ void RemainingList::offerLine(std::size_t row, Pass* pass) {
     if (flip) {
         // A line that loses later in the pass stays swapped.
         std::swap(line.firstPoint, line.secondPoint);
-        place(row);
     }
 }
 
@@ -194,8 +184,7 @@ void RemainingList::remove(std::size_t row) {
     while (m_head < m_entities.size() && m_removed[m_head] != 0) {
         ++m_head;
     }
-    // A pass costs what it walks over, gaps included; closing them costs one pass, so not each
-    // time.
+    // A pass costs what it walks over, gaps included; closing them costs a pass as well.
     if ((m_entities.size() - m_live) * 8 > m_entities.size()) {
         closeGaps();
     }
@@ -227,8 +216,7 @@ std::vector<Entity> sortEntities(std::vector<Entity> selection, const Point& sta
     RemainingList remaining(std::move(selection));
     Point from = start;
     while (!remaining.empty()) {
-        const double bar = path.empty() ? remaining.initialBar(from) : remaining.headBar(from);
-        path.push_back(remaining.takeNearest(from, bar));
+        path.push_back(remaining.takeNearest(from));
         const Entity& taken = path.back();
         from = taken.type == kxLineType ? taken.secondPoint : taken.firstPoint;
     }

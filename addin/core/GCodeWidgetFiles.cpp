@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+// The panel's file and help buttons.
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QTextEdit>
+
+#include "core/GCodeWidget.h"
+#include "core/HelpAddress.h"
+#include "core/OutputFiles.h"
+#include "miscellaneous.h"
+
+void GCodeWidget::SaveGCode() {
+    const QString path =
+        QFileDialog::getSaveFileName(widget, tr("Save File"), QStringLiteral("untitled.txt"),
+                                     tr("Text file(*.txt);; Text file(*.ngc);; Text file(*.nc)"));
+    // A cancelled dialog gives an empty path: no file is written, all else happens.
+    const std::string comment = commentText();
+    const std::string program = m_gcodeBuffer.str();
+    writeTextFile(path, comment.empty() ? program : comment + "\n" + program);
+    m_lastGCodeBuffer.str(comment + "\n" + program);
+    m_lastSavedFile = path;
+    if (lineNumberCheckBox->isChecked()) {
+        numberFileLines(path);
+    }
+}
+
+void GCodeWidget::AppendFile() {
+    const QMessageBox::StandardButton answer = QMessageBox::question(
+        this, tr("Append File"), tr("Do you want to append to the current open file?"),
+        QMessageBox::Yes | QMessageBox::No, QMessageBox::NoButton);
+    const std::string addition = commentText() + "\n" + m_gcodeBuffer.str();
+    QString path;
+    if (answer == QMessageBox::Yes) {
+        // The file is rebuilt from what the last save wrote: a second Yes replaces the first one's
+        // addition.
+        path = m_lastSavedFile;
+        writeTextFile(path, m_lastGCodeBuffer.str() + addition);
+    } else if (answer == QMessageBox::No) {
+        path = QFileDialog::getSaveFileName(widget, tr("Append File"), QString(),
+                                            tr("Text file(*.txt *.ngc *.nc)"), nullptr,
+                                            QFileDialog::DontConfirmOverwrite);
+        appendTextFile(path, addition);
+    } else {
+        return;
+    }
+    if (lineNumberCheckBox->isChecked()) {
+        numberFileLines(path);
+    }
+    emit GCodeGenFinish(readTextFile(path));
+}
+
+void GCodeWidget::SelectFilePreview() {
+    const QString path = QFileDialog::getOpenFileName(widget, tr("Preview File"), QString(),
+                                                      tr("Text file(*.txt *.ngc *.nc)"));
+    emit GCodeGenFinish(readProgramFile(path));
+}
+
+void GCodeWidget::OpenHelp() {
+    if (m_application == nullptr) {
+        return;
+    }
+    if (m_application->IsWebHelpEnabled()) {
+        m_application->OpenWebHelp(
+            q2d(webHelpAddress(d2q(m_application->GetWebLink()), m_application->GetLanguage())));
+        return;
+    }
+    const kxSystemFiles_ptr files = m_application->GetSystemFiles();
+    const QString path = files ? localHelpFile(d2q(files->get_HelpFile())) : QString();
+    m_application->OpenChmHelp(kHelpTopic, q2d(path));
+}
+
+void GCodeWidget::ClearPreviousPreview() {
+    m_gcodeBuffer.str(std::string());
+    emit GCodeGenFinish(programText());
+}
+
+std::string GCodeWidget::commentText() const {
+    return m_CommentTextEdit->toPlainText().toStdString();
+}

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "core/OutputFiles.h"
+
+#include <QFile>
+
+#include "core/LineNumbering.h"
+
+namespace {
+
+void write(const QString& path, const std::string& text, QIODevice::OpenMode mode) {
+    QFile file(path);
+    if (file.open(mode | QIODevice::Text)) {
+        file.write(text.data(), static_cast<qint64>(text.size()));
+    }
+}
+
+QByteArray readBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+void writeTextFile(const QString& path, const std::string& text) {
+    write(path, text, QIODevice::WriteOnly);
+}
+
+void appendTextFile(const QString& path, const std::string& text) {
+    write(path, text, QIODevice::Append);
+}
+
+void numberFileLines(const QString& path) {
+    writeTextFile(path, GCode::numberLines(readBytes(path).toStdString()));
+}
+
+QString readTextFile(const QString& path) {
+    return QString::fromUtf8(readBytes(path));
+}
+
+QString readProgramFile(const QString& path) {
+    const QByteArray bytes = readBytes(path);
+    return QString::fromUtf8(bytes.constData());
+}

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "core/PanelResources.h"
+
+#include <QFile>
+
+QString panelStyleSheet() {
+    QFile file(QStringLiteral(":/gcodeaddin/GCodeAddin.qss"));
+    file.open(QIODevice::ReadOnly);
+    return QString::fromLatin1(file.readAll());
+}
+
+QString iconPath(const QString& name) {
+    return QStringLiteral(":/gcodeaddin/Resource/%1_32x-32.svg").arg(name);
+}
