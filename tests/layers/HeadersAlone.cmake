@@ -31,6 +31,11 @@ kx_add_headers_alone(headers_alone "${PROJECT_SOURCE_DIR}" ${headers})
 target_include_directories(headers_alone PRIVATE
   "${PROJECT_SOURCE_DIR}/sdk/include" "${PROJECT_SOURCE_DIR}/sdk/src"
   "${PROJECT_SOURCE_DIR}/addin" "${PROJECT_SOURCE_DIR}/host" "${PROJECT_SOURCE_DIR}/cli")
+foreach(target gcode_panel GCodeAddin kxdrawing kxgcode kxhost)
+  if(TARGET ${target}) # for the headers that it generates
+    target_include_directories(headers_alone PRIVATE "$<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>")
+  endif()
+endforeach()
 target_link_libraries(headers_alone PRIVATE Qt5::Widgets Qt5::OpenGL Qt5::Svg CLI11::CLI11 PkgConfig::dxflib)
 kx_add_build_test(layers.everyHeaderCompilesAlone headers_alone)
 
