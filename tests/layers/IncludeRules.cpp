@@ -168,13 +168,14 @@ public:
     Report takeReport() { return std::move(m_report); }
 
 private:
-    /// Looks where the compiler would: beside the file, then in the folders of all targets.
+    /// Looks where the compiler would: beside the file, then in the folders of all targets. A
+    /// header that CMake makes counts as being where its template is.
     std::optional<fs::path> find(const fs::path& includer, const std::string& name) const {
         for (const fs::path& folder :
              {includer.parent_path(), m_root / "sdk/include", m_root / "sdk/src", m_root / "addin",
               m_root / "host", m_root / "cli", m_root}) {
             const fs::path candidate = (folder / name).lexically_normal();
-            if (fs::is_regular_file(candidate)) {
+            if (fs::is_regular_file(candidate) || fs::is_regular_file(candidate.string() + ".in")) {
                 return candidate.lexically_relative(m_root);
             }
         }

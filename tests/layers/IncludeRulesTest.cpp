@@ -50,6 +50,7 @@ protected:
         write("host/Window.h", "#include <QWidget>\n#include \"drawing/Reader.h\"\n");
         write("cli/Options.h",
               "#include <CLI/CLI.hpp>\n#include <QWidget>\n#include \"drawing/Reader.h\"\n");
+        write("cli/Version.h.in", "#pragma once\n");
         write("examples/minimal-addin/Addin.cpp", "#include <kx/kxLine.h>\n");
     }
     ~PlantedTree() override { fs::remove_all(m_root); }
@@ -140,6 +141,7 @@ INSTANTIATE_TEST_SUITE_P(
         Planted{"windowTakesPanel", "host/Window.h", "\"core/GCodeWidget.h\""},
         Planted{"commandLineTakesCore", "cli/Options.h", "\"core/Arc.h\""},
         Planted{"commandLineTakesWindow", "cli/Options.h", "\"Window.h\""},
+        Planted{"panelTakesGeneratedHeaderOfCommandLine", "addin/Logger.h", "\"Version.h\""},
         Planted{"exampleTakesHostHeader", "examples/minimal-addin/Addin.cpp",
                 "<kx/host/kxHostDocument.h>"},
         Planted{"unknownLibrary", "cli/Options.h", "<Eigen/Core>"}),
@@ -160,6 +162,7 @@ INSTANTIATE_TEST_SUITE_P(
         Planted{"panelTakesCore", "addin/core/GCodeWidget.h", "\"core/Arc.h\""},
         Planted{"panelTakesMoc", "addin/core/GCodeWidget.cpp", "\"moc_GCodeWidget.cpp\""},
         Planted{"drawingTakesHostHeader", "host/drawing/Reader.h", "<kx/host/kxHostDocument.h>"},
+        Planted{"commandLineTakesItsGeneratedHeader", "cli/Main.cpp", "\"Version.h\""},
         Planted{"commandLineTakesDrawing", "cli/Main.cpp", "\"drawing/Reader.h\""}),
     [](const auto& row) { return std::string(row.param.name); });
 
