@@ -6,7 +6,7 @@
 #include <QTextStream>
 
 Logger::Logger() {
-    open(QStringLiteral("kxaec.log"), QIODevice::Append | QIODevice::Text);
+    open(QString::fromLatin1("kxaec.log"), QIODevice::Append | QIODevice::Text);
 }
 
 Logger::Logger(const QString& fileName) {

@@ -15,7 +15,7 @@
 namespace {
 
 /// Created, emptied and kept open while the library is loaded; for diagnostics.
-Logger g_logger(QStringLiteral("GCodeAddin.log"));
+Logger g_logger(QString::fromLatin1("GCodeAddin.log"));
 
 /// The add-in, from connection to disconnection.
 std::unique_ptr<DockWidgetApplication> g_application;
@@ -88,7 +88,7 @@ void DockWidgetApplication::createDockWidget() {
     }
     parent->setMinimumWidth(kPaneMinimumWidth);
     auto* layout = new QVBoxLayout(parent);
-    layout->setObjectName(QStringLiteral("mainverticalLayout"));
+    layout->setObjectName(QString::fromLatin1("mainverticalLayout"));
     layout->setContentsMargins(1, 1, 1, 1);
     layout->setSizeConstraint(QLayout::SetMaximumSize);
     gcodewidget = new GCodeWidget(m_kxApp.get(), parent);
@@ -100,12 +100,12 @@ void DockWidgetApplication::createDockWidget() {
 
 void DockWidgetApplication::CreateUserInterfaceAndCommands() {
     kxCreateCommandError_e error = kxCreateCommandError_NoError;
-    pCmd = m_kxApp->CreateCommand(appID, q2d(QStringLiteral("_GCODE")), &error).get();
+    pCmd = m_kxApp->CreateCommand(appID, q2d(QString::fromLatin1("_GCODE")), &error).get();
     if (pCmd != nullptr) {
         pCmd->RegisterEvent(kxCommand_ExecuteNotify_id, this, &ExecuteNotifyHook);
     }
-    const kxString icon = q2d(QStringLiteral(":/gcodeaddin/Resource/Generate_32x-32.svg"));
-    const kxUserCommandData data{kxUIState_Document, q2d(QStringLiteral("^C^C_GCODE")),
+    const kxString icon = q2d(QString::fromLatin1(":/gcodeaddin/Resource/Generate_32x-32.svg"));
+    const kxUserCommandData data{kxUIState_Document, q2d(QString::fromLatin1("^C^C_GCODE")),
                                  q2d(tr("Generate 2D G-code: _GCODE")), icon, icon};
     const kxUserCommand_ptr userCommand = m_kxApp->CreateUserCommand(appID, data);
     if (userCommand) {
@@ -115,7 +115,7 @@ void DockWidgetApplication::CreateUserInterfaceAndCommands() {
 
 void DockWidgetApplication::insertMenuItems(const kxString& userCommandID) {
     for (const kxMenuItem_ptr& menu : m_kxApp->GetMenuItems(kxUIState_Document)) {
-        if (menu->GetID() != q2d(QStringLiteral("ID_MnTools"))) {
+        if (menu->GetID() != q2d(QString::fromLatin1("ID_MnTools"))) {
             continue;
         }
         menu->InsertMenuItem(appID, kSeparatorPosition, {kxMenuItemType_Separator, {}, {}});

@@ -13,7 +13,7 @@
 
 void GCodeWidget::SaveGCode() {
     const QString path =
-        QFileDialog::getSaveFileName(widget, tr("Save File"), QStringLiteral("untitled.txt"),
+        QFileDialog::getSaveFileName(widget, tr("Save File"), QString::fromLatin1("untitled.txt"),
                                      tr("Text file(*.txt);; Text file(*.ngc);; Text file(*.nc)"));
     // A cancelled dialog gives an empty path: no file is written, all else happens.
     const std::string comment = commentText();

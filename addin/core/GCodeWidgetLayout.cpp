@@ -26,6 +26,7 @@
 namespace {
 
 constexpr int kHeaderHeight = 28;
+constexpr int kHeaderIconSize = 18;
 constexpr int kButtonSize = 28;
 constexpr int kAppendWidth = 80;
 constexpr int kCommentHeight = 30;
@@ -39,9 +40,11 @@ constexpr char kFrameStyle[] = "margin-bottom: 2px;";
 constexpr char kTextFrameStyle[] = "QFrame{margin-bottom: 2px;}";
 constexpr char kCommentStyle[] = "background-color: rgb(255, 255, 255);";
 constexpr char kTextStyle[] = "QTextEdit{background-color: rgb(255, 255, 255);}";
-constexpr char kButtonStyle[] = "QPushButton{border: 1px solid rgb(205,201,201);}";
-constexpr char kHoverStyle[] =
-    "QPushButton:hover{background:qlineargradient(x1:0,y1:0,x2:0,y2:1,"
+// The hover style stands at the buttons: a sheet of plain declarations, as the frame's is, can't
+// hold a rule as well.
+constexpr char kButtonStyle[] =
+    "QPushButton{border: 1px solid "
+    "rgb(205,201,201);}QPushButton:hover{background:qlineargradient(x1:0,y1:0,x2:0,y2:1,"
     "stop:0.0 rgb(223,229,255),stop:0.5 rgb(223,229,255),stop:0.55 rgb(223,229,255),"
     "stop:1.0 rgb(223,229,255));}";
 constexpr char kCheckBoxStyle[] =
@@ -77,10 +80,10 @@ void limitFeed(QLineEdit* edit, QObject* owner) {
 }  // namespace
 
 void GCodeWidget::CreateUI() {
-    m_gcodeWidget->GCodeTreeWidget->setStyleSheet(
-        QStringLiteral("QTreeWidget {padding: 5px;} QTreeWidget::item {padding-right: 17px;}"));
+    m_gcodeWidget->GCodeTreeWidget->setStyleSheet(QString::fromLatin1(
+        "QTreeWidget {padding: 5px;} QTreeWidget::item {padding-right: 17px;}"));
     categoryButton = new QButtonGroup(this);
-    categoryButton->setObjectName(QStringLiteral("categoryButton"));
+    categoryButton->setObjectName(QString::fromLatin1("categoryButton"));
     createCommentsCategory();
     createPathCategory();
     createPreambleCategory();
@@ -98,7 +101,9 @@ void GCodeWidget::startUIGroup(QTreeWidgetItem* item, QtCategoryButton* button,
     // The arrow stands at the right end of the header.
     button->setLayoutDirection(Qt::RightToLeft);
     button->setGeometry(geometry);
-    button->setIcon(QIcon(iconPath(QStringLiteral("expanded"))));
+    button->setIcon(QIcon(iconPath(QString::fromLatin1("expanded"))));
+    // The style sheet names this size by a property that no widget has.
+    button->setIconSize(QSize(kHeaderIconSize, kHeaderIconSize));
     button->setFixedHeight(kHeaderHeight);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     button->setAutoFillBackground(true);
@@ -130,7 +135,8 @@ QFrame* GCodeWidget::openCategory(const QString& title, QTreeWidgetItem*& item,
 
 void GCodeWidget::createCommentsCategory() {
     QFrame* frame = openCategory(tr("Comments"), m_CommentsCategaory, m_CommentsCategaoryButton);
-    m_CommentTextEdit = createTextBox(QStringLiteral("m_CommentTextEdit"), kCommentHeight, frame);
+    m_CommentTextEdit =
+        createTextBox(QString::fromLatin1("m_CommentTextEdit"), kCommentHeight, frame);
     m_CommentTextEdit->setStyleSheet(QLatin1String(kCommentStyle));
     (new QVBoxLayout(frame))->addWidget(m_CommentTextEdit);
     finishUIGroup(m_CommentsCategaory, frame);
@@ -139,10 +145,9 @@ void GCodeWidget::createCommentsCategory() {
 void GCodeWidget::createPathCategory() {
     QFrame* frame = openCategory(tr("Path and drill cycle"), m_PathAndDrillCycleCategaory,
                                  m_PathAndDrillCycleCategaoryButton);
-    frame->setStyleSheet(QLatin1String(kFrameStyle) + QLatin1String(kHoverStyle));
     auto* rows = new QVBoxLayout(frame);
-    comboBox =
-        createComboBox(QStringLiteral("comboBox"), {tr("2D Toolpath"), tr("Drill Cycle")}, frame);
+    comboBox = createComboBox(QString::fromLatin1("comboBox"),
+                              {tr("2D Toolpath"), tr("Drill Cycle")}, frame);
     comboBox->setToolTip(tr("G-code type"));
     rows->addWidget(comboBox);
     auto* buttons = new QHBoxLayout;
@@ -160,7 +165,7 @@ void GCodeWidget::createPathCategory() {
     saveBtn = addButton("saveBtn", tr("Save"), "Save");
     HelpPushButton = addButton("HelpPushButton", tr("Help"), "help");
     appendPushButton = new QPushButton(tr("Append"), frame);
-    appendPushButton->setObjectName(QStringLiteral("appendPushButton"));
+    appendPushButton->setObjectName(QString::fromLatin1("appendPushButton"));
     appendPushButton->setToolTip(tr("Append"));
     appendPushButton->setFixedSize(kAppendWidth, kButtonSize);
     appendPushButton->setStyleSheet(QLatin1String(kButtonStyle));
@@ -173,17 +178,17 @@ void GCodeWidget::createPreambleCategory() {
     QFrame* frame = openCategory(tr("Preamble"), m_PreambleCategaory, m_PreambleCategaoryButton);
     frame->setStyleSheet(QLatin1String(kTextFrameStyle));
     auto* rows = new QVBoxLayout(frame);
-    textEdit = createTextBox(QStringLiteral("textEdit"), kTextHeight, frame);
+    textEdit = createTextBox(QString::fromLatin1("textEdit"), kTextHeight, frame);
     textEdit->setStyleSheet(QLatin1String(kTextStyle));
     rows->addWidget(textEdit);
     auto* numbering = new QHBoxLayout;
     rows->addLayout(numbering);
     lineNumberCheckBox = new QCheckBox(frame);
-    lineNumberCheckBox->setObjectName(QStringLiteral("lineNumberCheckBox"));
+    lineNumberCheckBox->setObjectName(QString::fromLatin1("lineNumberCheckBox"));
     lineNumberCheckBox->setMaximumHeight(kCheckBoxHeight);
     lineNumberCheckBox->setStyleSheet(QLatin1String(kCheckBoxStyle));
     lineNumberLabel = new QLabel(tr("Show line numbers"), frame);
-    lineNumberLabel->setObjectName(QStringLiteral("lineNumberLabel"));
+    lineNumberLabel->setObjectName(QString::fromLatin1("lineNumberLabel"));
     lineNumberCheckBox->setAccessibleName(lineNumberLabel->text());
     numbering->addWidget(lineNumberCheckBox);
     numbering->addWidget(lineNumberLabel, 1);
@@ -194,7 +199,7 @@ void GCodeWidget::createPostscriptCategory() {
     QFrame* frame =
         openCategory(tr("Postscript"), m_PostscriptCategaory, m_PostscriptCategaoryButton);
     frame->setStyleSheet(QLatin1String(kTextFrameStyle));
-    postambleTextEdit = createTextBox(QStringLiteral("postambleTextEdit"), kTextHeight, frame);
+    postambleTextEdit = createTextBox(QString::fromLatin1("postambleTextEdit"), kTextHeight, frame);
     postambleTextEdit->setStyleSheet(QLatin1String(kTextStyle));
     (new QVBoxLayout(frame))->addWidget(postambleTextEdit);
     finishUIGroup(m_PostscriptCategaory, frame);
@@ -206,14 +211,14 @@ void GCodeWidget::createUnitCategory() {
     auto* radios = new QHBoxLayout;
     rows->addLayout(radios);
     mmRadioButton = new QRadioButton(tr("mm"), frame);
-    mmRadioButton->setObjectName(QStringLiteral("mmRadioButton"));
+    mmRadioButton->setObjectName(QString::fromLatin1("mmRadioButton"));
     inchRadioButton = new QRadioButton(tr("inch"), frame);
-    inchRadioButton->setObjectName(QStringLiteral("inchRadioButton"));
+    inchRadioButton->setObjectName(QString::fromLatin1("inchRadioButton"));
     radios->addWidget(mmRadioButton);
     radios->addWidget(inchRadioButton);
     radios->addStretch();
-    unitComboBox =
-        createComboBox(QStringLiteral("unitComboBox"), {tr("Relative"), tr("Absolute")}, frame);
+    unitComboBox = createComboBox(QString::fromLatin1("unitComboBox"),
+                                  {tr("Relative"), tr("Absolute")}, frame);
     rows->addWidget(unitComboBox);
     finishUIGroup(m_UnitCategaory, frame);
 }
@@ -222,7 +227,7 @@ void GCodeWidget::createFeedCategory() {
     QFrame* frame = openCategory(tr("Retraction and feed rate"), m_RetractionAndFeedRateCategaory,
                                  m_RetractionAndFeedRateCategaoryButton);
     stackedWidget = new QStackedWidget(frame);
-    stackedWidget->setObjectName(QStringLiteral("stackedWidget"));
+    stackedWidget->setObjectName(QString::fromLatin1("stackedWidget"));
     stackedWidget->setMaximumHeight(kStackHeight);
     (new QVBoxLayout(frame))->addWidget(stackedWidget);
     createToolPathPage();
@@ -247,7 +252,7 @@ void GCodeWidget::createToolPathPage() {
 void GCodeWidget::createDrillPage() {
     QGridLayout* grid = addPage(stackedWidget);
     drillcomboBox = createComboBox(
-        QStringLiteral("drillcomboBox"),
+        QString::fromLatin1("drillcomboBox"),
         {tr("G81 (Drill cycle)"), tr("G82 (Drill cycle with dwell)"), tr("G83 (Peck drill cycle)")},
         grid->parentWidget());
     grid->addWidget(drillcomboBox, 0, 0, 1, 2);
@@ -264,7 +269,7 @@ void GCodeWidget::createDrillPage() {
 }
 
 void GCodeWidget::setDefaultTexts() {
-    const QFont font(QStringLiteral("MS Shell Dlg 2"), kTextPointSize);
+    const QFont font(QString::fromLatin1("MS Shell Dlg 2"), kTextPointSize);
     postambleTextEdit->setFont(font);
     textEdit->setFont(font);
     textEdit->setPlainText(
@@ -304,6 +309,7 @@ void GCodeWidget::CategoryButtonPressed(int id) {
         return;
     }
     item->setExpanded(!item->isExpanded());
-    const auto icon = item->isExpanded() ? QStringLiteral("expanded") : QStringLiteral("collapsed");
+    const auto icon =
+        item->isExpanded() ? QString::fromLatin1("expanded") : QString::fromLatin1("collapsed");
     categoryButton->button(id)->setIcon(QIcon(iconPath(icon)));
 }

@@ -32,7 +32,7 @@ QString helpLanguageName(long language) {
 
 QString webHelpAddress(const QString& link, long language) {
     return link + QLatin1String("?P=16&L=") + helpLanguageName(language) +
-           QStringLiteral("&V=2019&C=KestrixQM&I=%1").arg(kHelpTopic);
+           QString::fromLatin1("&V=2019&C=KestrixQM&I=%1").arg(kHelpTopic);
 }
 
 QString localHelpFile(const QString& hostHelpFile) {

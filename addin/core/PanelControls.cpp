@@ -47,7 +47,6 @@ QTextEdit* createTextBox(const QString& name, int maximumHeight, QWidget* parent
     box->setMaximumHeight(maximumHeight);
     box->setAcceptRichText(false);
     box->setTabChangesFocus(true);
-    box->setLineWrapMode(QTextEdit::NoWrap);
     return box;
 }
 

@@ -5,11 +5,11 @@
 #include <QFile>
 
 QString panelStyleSheet() {
-    QFile file(QStringLiteral(":/gcodeaddin/GCodeAddin.qss"));
+    QFile file(QString::fromLatin1(":/gcodeaddin/GCodeAddin.qss"));
     file.open(QIODevice::ReadOnly);
     return QString::fromLatin1(file.readAll());
 }
 
 QString iconPath(const QString& name) {
-    return QStringLiteral(":/gcodeaddin/Resource/%1_32x-32.svg").arg(name);
+    return QString::fromLatin1(":/gcodeaddin/Resource/%1_32x-32.svg").arg(name);
 }

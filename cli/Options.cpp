@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "Options.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <cmath>
+#include <iostream>
+#include <map>
+
+#include "ExitCode.h"
+#include "Version.h"
+
+namespace {
+
+std::optional<double> readNumber(const std::string& text) {
+    double value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [last, error] = std::from_chars(text.data(), end, value);
+    const bool whole = error == std::errc() && last == end && std::isfinite(value);
+    return whole ? std::optional(value) : std::nullopt;
+}
+
+/// Numbers have a decimal point whatever the locale is.
+std::string checkNumber(const std::string& text) {
+    return readNumber(text) ? std::string() : "'" + text + "' is not a number";
+}
+
+std::string checkPositive(const std::string& text) {
+    const std::optional<double> value = readNumber(text);
+    return value && *value > 0 ? std::string() : "'" + text + "' is not a number above 0";
+}
+
+std::string checkNotNegative(const std::string& text) {
+    const std::optional<double> value = readNumber(text);
+    return value && *value >= 0 ? std::string() : "'" + text + "' is not a number of at least 0";
+}
+
+const CLI::Validator kNumber(checkNumber, "NUMBER");
+const CLI::Validator kPositive(checkPositive, "NUMBER>0");
+const CLI::Validator kNotNegative(checkNotNegative, "NUMBER>=0");
+
+template <class Enum>
+CLI::CheckedTransformer choice(const std::map<std::string, Enum>& names) {
+    return CLI::CheckedTransformer(names, CLI::ignore_case);
+}
+
+void addSelection(CLI::App& app, Options& options) {
+    app.add_option("--layer", options.layers, "Take only the objects of this layer (repeatable)")
+        ->type_name("NAME");
+    app.add_option("--type", options.types,
+                   "Take only objects of this type: line, arc, circle, point (repeatable)")
+        ->type_name("TYPE")
+        ->check(CLI::IsMember({"line", "arc", "circle", "point"}));
+    app.add_flag("--explode,!--no-explode", options.explode,
+                 "Turn polylines, ellipses and splines into lines and arcs (default)");
+    app.add_option("--tolerance", options.tolerance,
+                   "Chord tolerance of ellipses and splines in drawing units")
+        ->type_name("NUMBER>0")
+        ->check(kPositive)
+        ->capture_default_str();
+}
+
+void addProgram(CLI::App& app, Options& options) {
+    app.add_option("--mode", options.mode, "What the program does: toolpath (default) or drill")
+        ->type_name("MODE")
+        ->transform(choice<Mode>({{"toolpath", Mode::ToolPath}, {"drill", Mode::Drill}}));
+    app.add_option("--cycle", options.cycle, "Drill cycle: g81 (default), g82 or g83")
+        ->type_name("CYCLE")
+        ->transform(choice<Cycle>({{"g81", Cycle::G81}, {"g82", Cycle::G82}, {"g83", Cycle::G83}}));
+    app.add_option("--motion", options.motion, "Coordinates: absolute (default) or relative")
+        ->type_name("MOTION")
+        ->transform(choice<Motion>(
+            {{"absolute", Motion::Absolute}, {"relative", Motion::Relative}}));
+    app.add_option("--unit", options.unit, "Unit of the program: mm or inch (default the drawing's)")
+        ->type_name("UNIT")
+        ->transform(choice<Unit>({{"mm", Unit::Millimetre}, {"inch", Unit::Inch}}));
+    app.add_option("--preamble", options.preambleFile, "Text file for the program's beginning")
+        ->type_name("FILE");
+    app.add_option("--postscript", options.postscriptFile, "Text file for the program's end")
+        ->type_name("FILE");
+    app.add_option("--comment", options.comment, "Text of the first line")->type_name("TEXT");
+    app.add_flag("--line-numbers", options.lineNumbers, "Number the lines: N5, N10, ...");
+}
+
+void addHeightsAndFeeds(CLI::App& app, Options& options) {
+    const auto add = [&app](const char* name, std::string& value, const char* text,
+                            const CLI::Validator& check, const char* group) {
+        app.add_option(name, value, text)->type_name(check.get_description())->check(check)->group(
+            group);
+    };
+    const char* const path = "Tool path (all needed)";
+    add("--safe-height", options.safeHeight, "Z to lift to at feed, and to plunge from", kNumber,
+        path);
+    add("--retraction", options.retraction, "Z of rapid travel", kNumber, path);
+    add("--depth", options.depth, "Z of cutting", kNumber, path);
+    add("--feed-z", options.feedZ, "Plunge feed per minute", kPositive, path);
+    add("--feed-xy", options.feedXY, "Cutting feed per minute", kPositive, path);
+    const char* const drill = "Drill cycle (all needed; dwell for g82, peck for g83)";
+    add("--drill-feed", options.drillFeed, "Drill feed per minute", kPositive, drill);
+    add("--drill-depth", options.drillDepth, "Z of the hole's bottom", kNumber, drill);
+    add("--retract-height", options.retractHeight, "Z to retract to", kNumber, drill);
+    add("--dwell", options.dwell, "Dwell at the bottom", kNotNegative, drill);
+    add("--peck", options.peck, "Depth of one peck", kPositive, drill);
+}
+
+void addEverything(CLI::App& app, Options& options) {
+    app.add_option("drawing", options.drawing, "The drawing, a DXF file")
+        ->type_name("DRAWING")
+        ->required();
+    app.add_option("-o,--output", options.output, "Where the program goes (default: shown)")
+        ->type_name("FILE");
+    addSelection(app, options);
+    addProgram(app, options);
+    addHeightsAndFeeds(app, options);
+    app.add_flag("--report", options.report, "Print what was read from the drawing");
+    app.add_flag("--quiet", options.quiet, "Print errors and warnings only");
+    app.add_option("--addin", options.addin, "The add-in's library, when it is not beside kxgcode")
+        ->type_name("FILE")
+        ->envname("KX_ADDIN_PATH");
+    app.set_config("--config", "", "Settings file (TOML) with any of these options")
+        ->type_name("FILE");
+    app.allow_config_extras(CLI::config_extras_mode::error);
+    app.set_version_flag("--version", std::string("kxgcode ") + kVersion);
+}
+
+}  // namespace
+
+ParsedOptions parseOptions(int argc, char** argv) {
+    ParsedOptions parsed;
+    CLI::App app("Turns a 2-D drawing into a CNC program in G-code.", "kxgcode");
+    addEverything(app, parsed.options);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        app.exit(success);
+        parsed.exitCode = kExitWritten;
+        return parsed;
+    } catch (const CLI::FileError& error) {
+        std::cerr << "kxgcode: " << error.what() << "\n";
+        parsed.exitCode = kExitUnreadableInput;
+        return parsed;
+    } catch (const CLI::Error& error) {
+        std::cerr << "kxgcode: " << error.what() << "\nRun kxgcode --help for the options.\n";
+        parsed.exitCode = kExitWrongUsage;
+        return parsed;
+    }
+    const std::vector<std::string> missing = missingOptions(parsed.options);
+    if (!missing.empty()) {
+        std::cerr << "kxgcode: needed for this mode and not given:";
+        for (const std::string& name : missing) {
+            std::cerr << ' ' << name;
+        }
+        std::cerr << "\n";
+        parsed.exitCode = kExitWrongUsage;
+    }
+    return parsed;
+}
+
+std::vector<std::string> missingOptions(const Options& options) {
+    std::vector<std::string> missing;
+    const auto need = [&missing](const char* name, const std::string& value) {
+        if (value.empty()) {
+            missing.emplace_back(name);
+        }
+    };
+    if (options.mode == Mode::ToolPath) {
+        need("--safe-height", options.safeHeight);
+        need("--retraction", options.retraction);
+        need("--depth", options.depth);
+        need("--feed-z", options.feedZ);
+        need("--feed-xy", options.feedXY);
+        return missing;
+    }
+    need("--drill-feed", options.drillFeed);
+    need("--drill-depth", options.drillDepth);
+    need("--retract-height", options.retractHeight);
+    if (options.cycle == Cycle::G82) {
+        need("--dwell", options.dwell);
+    }
+    if (options.cycle == Cycle::G83) {
+        need("--peck", options.peck);
+    }
+    return missing;
+}

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+enum class Mode { ToolPath, Drill };
+enum class Cycle { G81 = 0, G82 = 1, G83 = 2 };
+enum class Motion { Relative = 0, Absolute = 1 };
+enum class Unit { Millimetre, Inch };
+
+/// What the command line and the settings file ask for. Numbers stay the texts that were given,
+/// because they are typed into the panel's fields; they are checked to be finite.
+struct Options {
+    std::string drawing;
+    /// Empty or "-": standard output.
+    std::string output;
+    std::vector<std::string> layers;
+    std::vector<std::string> types;
+    Mode mode = Mode::ToolPath;
+    Cycle cycle = Cycle::G81;
+    Motion motion = Motion::Absolute;
+    /// The drawing's own unit when nothing is said.
+    std::optional<Unit> unit;
+
+    std::string safeHeight;
+    std::string retraction;
+    std::string depth;
+    std::string feedZ;
+    std::string feedXY;
+    std::string drillFeed;
+    std::string drillDepth;
+    std::string retractHeight;
+    std::string dwell;
+    std::string peck;
+
+    std::string preambleFile;
+    std::string postscriptFile;
+    std::string comment;
+    bool lineNumbers = false;
+    bool explode = true;
+    /// The chord tolerance in drawing units.
+    double tolerance = 0.01;
+    bool report = false;
+    bool quiet = false;
+    /// The add-in's library; empty: where it is looked for.
+    std::string addin;
+};
+
+/// Either options to work with, or the exit code to end with at once: help or version was printed
+/// on standard output, or what is wrong on standard error.
+struct ParsedOptions {
+    Options options;
+    std::optional<int> exitCode;
+};
+
+/// Reads the command line and the settings file it may name.
+ParsedOptions parseOptions(int argc, char** argv);
+
+/// The options that the mode needs and nobody gave, as they are written on the command line.
+std::vector<std::string> missingOptions(const Options& options);
