@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <cmath>
+
+namespace kxdrawing {
+
+constexpr double kPi = 3.14159265358979323846;
+constexpr double kTwoPi = 2 * kPi;
+constexpr double kRadPerDeg = kPi / 180;
+
+/// Two angles in one unit.
+struct AngleSpan {
+    double start = 0;
+    double end = 0;
+};
+
+/// The span with its end in (start, start + turn]; an end that lies there, or that one turn
+/// brings there, is not disturbed further.
+inline AngleSpan withinOneTurn(AngleSpan span, double turn) {
+    const double sweep = span.end - span.start;
+    if (sweep > turn || sweep <= -turn) {
+        const double rest = std::fmod(sweep, turn);
+        span.end = span.start + (rest > 0 ? rest : rest + turn);
+    } else if (!(sweep > 0)) {
+        span.end += turn;
+    }
+    return span;
+}
+
+}  // namespace kxdrawing

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "drawing/Affine.h"
+#include "drawing/EntityModel.h"
+#include "drawing/ImportReport.h"
+
+namespace kxdrawing {
+
+struct ExpandLimits {
+    /// Inserts within inserts.
+    int depth = 32;
+    /// Objects of the whole drawing that inserts may bring it to.
+    std::size_t objects = 2000000;
+};
+
+/// Makes the objects of a drawing, in drawing order: transforms shapes, replaces inserts by what
+/// their blocks hold, and reports what became of each entity.
+class BlockExpander {
+public:
+    BlockExpander(const DxfModel& model, ExpandLimits limits, ImportReport* report);
+
+    /// All objects, with every length scaled by `scale`. Call once.
+    std::vector<kxObject_ptr> expand(double scale);
+
+private:
+    /// Where the entities of a block go.
+    struct Placement {
+        Affine map;
+        /// What replaces layer 0 inside of the block.
+        std::string layer;
+        int depth = 0;
+    };
+
+    void expandEntity(const Entity& entity, const Affine& root);
+    void expandTopInsert(const Entity& entity, const InsertShape& insert, const Affine& root);
+    /// Why the insert gives nothing; empty when it was expanded.
+    std::string expandInsert(const InsertShape& insert, const Placement& where);
+    void expandBlock(const Block& block, const Placement& where);
+    void expandInBlock(const Entity& entity, const Placement& where);
+    bool overBudget();
+    void tally(const Entity& entity, const std::string& layer, ImportOutcome outcome,
+               const std::string& detail);
+    struct Emitted {
+        std::string problem;
+        bool converted = false;
+        long objects = 0;
+    };
+    Emitted emit(const Shape& shape, const Affine& map, const std::string& layer);
+
+    const DxfModel& m_model;
+    ExpandLimits m_limits;
+    ImportReport& m_report;
+    /// What happened inside of the insert at hand.
+    ImportReport m_inside;
+    std::vector<kxObject_ptr> m_objects;
+    std::vector<Shape> m_image;
+    /// The blocks that are being expanded, outermost first.
+    std::vector<std::string> m_open;
+    std::size_t m_work = 0;
+    bool m_overBudget = false;
+};
+
+}  // namespace kxdrawing

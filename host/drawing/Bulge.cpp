@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "drawing/Bulge.h"
+
+#include <cmath>
+#include <utility>
+
+namespace kxdrawing {
+
+namespace {
+
+constexpr double kGreatestRadius = 1e9;
+
+double chordLength(const BulgeSegment& segment) {
+    return std::hypot(segment.second.x - segment.first.x, segment.second.y - segment.first.y);
+}
+
+}  // namespace
+
+std::optional<kxCircleArcData> bulgeArc(const BulgeSegment& segment) {
+    const double b = segment.bulge;
+    const double chord = chordLength(segment);
+    const double radius = chord * (1 + b * b) / (4 * std::abs(b));
+    if (b == 0 || chord == 0 || !(radius <= kGreatestRadius)) {
+        return std::nullopt;
+    }
+    const double dx = segment.second.x - segment.first.x;
+    const double dy = segment.second.y - segment.first.y;
+    const double offset = (1 - b * b) / (4 * b);
+    kxCircleArcData arc;
+    arc.center = {segment.first.x + dx / 2 - offset * dy, segment.first.y + dy / 2 + offset * dx,
+                  segment.first.z};
+    arc.radius = radius;
+    arc.exactStart = segment.first;
+    arc.exactEnd = segment.second;
+    if (b < 0) {
+        std::swap(arc.exactStart, arc.exactEnd);
+    }
+    arc.startParameter =
+        std::atan2(arc.exactStart->y - arc.center.y, arc.exactStart->x - arc.center.x);
+    // From the bulge, not from the other end: it can't be mistaken by a turn on a tiny arc.
+    arc.endParameter = arc.startParameter + 4 * std::atan(std::abs(b));
+    return arc;
+}
+
+double sagitta(const BulgeSegment& segment) {
+    return std::abs(segment.bulge) * chordLength(segment) / 2;
+}
+
+}  // namespace kxdrawing

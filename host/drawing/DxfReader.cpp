@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "drawing/DxfReader.h"
+
+#include <exception>
+#include <set>
+#include <utility>
+
+#include "drawing/ClassicLocale.h"
+#include "drawing/DxfModelBuilder.h"
+#include "drawing/DxfScanner.h"
+#include "drawing/Units.h"
+
+namespace kxdrawing {
+
+namespace {
+
+void noteHiddenLayers(Drawing* drawing) {
+    std::set<kxString> hidden;
+    for (const kxLayer& layer : drawing->layers) {
+        if (!layer.visible) {
+            hidden.insert(layer.name);
+        }
+    }
+    if (hidden.empty()) {
+        return;
+    }
+    long count = 0;
+    for (const kxObject_ptr& object : drawing->objects) {
+        count += hidden.count(object->GetLayer()) != 0 ? 1 : 0;
+    }
+    drawing->report.addNote(std::to_string(hidden.size()) + " hidden layers with " +
+                            std::to_string(count) + " objects");
+}
+
+ReadResult readChecked(const std::string& path, const ReadOptions& options) {
+    DxfScanner scanner;
+    DxfModelBuilder builder;
+    DxfRecord record;
+    if (scanner.open(path)) {
+        while (scanner.next(&record)) {
+            builder.take(record);
+        }
+    }
+    if (scanner.error()) {
+        return {std::nullopt, *scanner.error()};
+    }
+    DxfModel model = builder.finish();
+    const UnitDecision unit = decideUnit(model.insertUnits, model.measurement);
+    Drawing drawing;
+    drawing.unit = unit.unit;
+    drawing.scale = unit.scale;
+    drawing.report.addNote(unit.note);
+    if (!scanner.hadSection("ENTITIES")) {
+        drawing.report.addNote("the file has no section ENTITIES");
+    }
+    drawing.objects = BlockExpander(model, options.limits, &drawing.report).expand(unit.scale);
+    drawing.layers = std::move(model.layers);
+    noteHiddenLayers(&drawing);
+    return {std::move(drawing), {}};
+}
+
+}  // namespace
+
+ReadResult readDxf(const std::string& path, const ReadOptions& options) {
+    try {
+        const ClassicLocale locale;
+        return readChecked(path, options);
+    } catch (const std::exception& problem) {
+        return {std::nullopt, {path, 0, std::string("cannot be read: ") + problem.what(), ""}};
+    } catch (...) {
+        return {std::nullopt, {path, 0, "cannot be read", ""}};
+    }
+}
+
+void loadInto(kxHostDocument_c& document, const Drawing& drawing) {
+    document.SetLayers(drawing.layers);
+    document.SetObjects(drawing.objects);
+    document.SetCommandOptionInt16(kxCommandOptionInt16_SetUntTyp, drawing.unit);
+}
+
+}  // namespace kxdrawing

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "drawing/LineReader.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+namespace kxdrawing {
+
+namespace {
+
+std::string fileProblem(const std::string& path) {
+    std::error_code code;
+    const std::filesystem::file_status status = std::filesystem::status(path, code);
+    if (status.type() == std::filesystem::file_type::not_found) {
+        return "no such file";
+    }
+    if (code) {
+        return "cannot be opened: " + code.message();
+    }
+    if (std::filesystem::is_directory(status)) {
+        return "a directory";
+    }
+    return std::filesystem::is_regular_file(status) ? "" : "not a regular file";
+}
+
+}  // namespace
+
+bool LineReader::open(const std::string& path, DxfDiagnostic* error) {
+    *error = {path, 0, fileProblem(path), "a DXF file"};
+    if (!error->found.empty()) {
+        return false;
+    }
+    m_file.reset(std::fopen(path.c_str(), "rb"));
+    if (!m_file) {
+        error->found = "cannot be opened: " + std::generic_category().message(errno);
+        return false;
+    }
+    if (!refill()) {
+        error->found = m_failed ? "cannot be read" : "an empty file";
+        return false;
+    }
+    dropByteOrderMark();
+    return true;
+}
+
+void LineReader::dropByteOrderMark() {
+    constexpr char kMark[] = "\xEF\xBB\xBF";
+    if (m_size >= 3 && std::memcmp(m_buffer.data(), kMark, 3) == 0) {
+        m_position = 3;
+    }
+}
+
+bool LineReader::refill() {
+    m_position = 0;
+    m_size = std::fread(m_buffer.data(), 1, m_buffer.size(), m_file.get());
+    m_failed = m_size == 0 && std::ferror(m_file.get()) != 0;
+    return m_size > 0;
+}
+
+LineReader::Status LineReader::next(std::string* line) {
+    if (m_position == m_size && !refill()) {
+        return m_failed ? Status::ReadError : Status::EndOfFile;
+    }
+    line->clear();
+    ++m_lineNumber;
+    bool ended = false;
+    while (!ended && (m_position < m_size || refill())) {
+        const char* const first = m_buffer.data() + m_position;
+        const char* const last = m_buffer.data() + m_size;
+        const char* const end = std::find(first, last, '\n');
+        line->append(first, end);
+        ended = end != last;
+        m_position += static_cast<std::size_t>(end - first) + (ended ? 1 : 0);
+        if (line->size() > kMaxLineLength) {
+            return Status::TooLong;
+        }
+    }
+    if (m_failed) {
+        return Status::ReadError;
+    }
+    if (!line->empty() && line->back() == '\r') {
+        line->pop_back();
+    }
+    return line->find('\0') == std::string::npos ? Status::Line : Status::ZeroByte;
+}
+
+}  // namespace kxdrawing
