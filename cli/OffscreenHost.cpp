@@ -6,7 +6,9 @@
 
 OffscreenHost::OffscreenHost() : m_application(kxCreateHostApplication(callbacks())) {}
 
-OffscreenHost::~OffscreenHost() { m_addin.Unload(); }
+OffscreenHost::~OffscreenHost() {
+    m_addin.Unload();
+}
 
 bool OffscreenHost::loadAddin(const std::string& path, std::string* error) {
     return m_addin.Load(path, m_application.get(), error);

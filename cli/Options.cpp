@@ -70,9 +70,10 @@ void addProgram(CLI::App& app, Options& options) {
         ->transform(choice<Cycle>({{"g81", Cycle::G81}, {"g82", Cycle::G82}, {"g83", Cycle::G83}}));
     app.add_option("--motion", options.motion, "Coordinates: absolute (default) or relative")
         ->type_name("MOTION")
-        ->transform(choice<Motion>(
-            {{"absolute", Motion::Absolute}, {"relative", Motion::Relative}}));
-    app.add_option("--unit", options.unit, "Unit of the program: mm or inch (default the drawing's)")
+        ->transform(
+            choice<Motion>({{"absolute", Motion::Absolute}, {"relative", Motion::Relative}}));
+    app.add_option("--unit", options.unit,
+                   "Unit of the program: mm or inch (default the drawing's)")
         ->type_name("UNIT")
         ->transform(choice<Unit>({{"mm", Unit::Millimetre}, {"inch", Unit::Inch}}));
     app.add_option("--preamble", options.preambleFile, "Text file for the program's beginning")
@@ -86,8 +87,10 @@ void addProgram(CLI::App& app, Options& options) {
 void addHeightsAndFeeds(CLI::App& app, Options& options) {
     const auto add = [&app](const char* name, std::string& value, const char* text,
                             const CLI::Validator& check, const char* group) {
-        app.add_option(name, value, text)->type_name(check.get_description())->check(check)->group(
-            group);
+        app.add_option(name, value, text)
+            ->type_name(check.get_description())
+            ->check(check)
+            ->group(group);
     };
     const char* const path = "Tool path (all needed)";
     add("--safe-height", options.safeHeight, "Z to lift to at feed, and to plunge from", kNumber,

@@ -51,8 +51,8 @@ std::optional<QString> readTextFile(const std::string& path, std::string* error)
         return std::nullopt;
     }
     if (!isUtf8(bytes)) {
-        *error = path + ":" + std::to_string(firstBrokenLine(bytes)) +
-                 ": this line is not UTF-8 text";
+        *error =
+            path + ":" + std::to_string(firstBrokenLine(bytes)) + ": this line is not UTF-8 text";
         return std::nullopt;
     }
     if (bytes.endsWith('\n')) {

@@ -1,0 +1,234 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "GenerateCommand.h"
+
+#include <QTemporaryDir>
+#include <algorithm>
+#include <iostream>
+
+#include "AddinFile.h"
+#include "ExitCode.h"
+#include "OffscreenHost.h"
+#include "PanelDriver.h"
+#include "Summary.h"
+#include "TextFile.h"
+#include "drawing/DxfReader.h"
+#include "drawing/Explode.h"
+#include "drawing/Selectable.h"
+
+namespace {
+
+/// One run of the program. Each step returns the exit code to end with, or 0 to go on.
+class Generation {
+public:
+    explicit Generation(const Options& options) : m_options(options) {}
+    int run();
+
+private:
+    int readTexts();
+    int readDrawing();
+    int connectAddin();
+    int selectObjects();
+    int fillPanel();
+    int makeProgram();
+    int writeProgram() const;
+
+    bool fillToolPath();
+    bool fillDrillCycle();
+    bool fillTexts();
+    int fail(int code, const std::string& cause) const;
+    void tell(const std::string& line) const;
+    void warn(const std::string& line) const;
+
+    const Options& m_options;
+    std::optional<QString> m_preamble;
+    std::optional<QString> m_postscript;
+    kxdrawing::Drawing m_drawing;
+    OffscreenHost m_host;
+    kxHostDocument_ptr m_document;
+    std::optional<PanelDriver> m_panel;
+    QByteArray m_program;
+};
+
+int Generation::fail(int code, const std::string& cause) const {
+    std::cerr << "kxgcode: " << cause << "\n";
+    return code;
+}
+
+void Generation::tell(const std::string& line) const {
+    if (!m_options.quiet) {
+        std::cerr << line << "\n";
+    }
+}
+
+void Generation::warn(const std::string& line) const {
+    std::cerr << line << "\n";
+}
+
+int Generation::run() {
+    using Step = int (Generation::*)();
+    for (const Step step :
+         {&Generation::readTexts, &Generation::readDrawing, &Generation::connectAddin,
+          &Generation::selectObjects, &Generation::fillPanel, &Generation::makeProgram}) {
+        const int code = (this->*step)();
+        if (code != kExitWritten) {
+            return code;
+        }
+    }
+    return writeProgram();
+}
+
+int Generation::readTexts() {
+    std::string error;
+    if (!m_options.preambleFile.empty()) {
+        m_preamble = readTextFile(m_options.preambleFile, &error);
+    }
+    if (!m_options.postscriptFile.empty()) {
+        m_postscript = readTextFile(m_options.postscriptFile, &error);
+    }
+    return error.empty() ? kExitWritten : fail(kExitUnreadableInput, error);
+}
+
+int Generation::readDrawing() {
+    kxdrawing::ReadResult result = kxdrawing::readDxf(m_options.drawing);
+    if (!result.drawing) {
+        return fail(kExitUnreadableInput, result.error.toText());
+    }
+    m_drawing = std::move(*result.drawing);
+    if (m_options.report) {
+        std::cerr << m_drawing.report.toText();
+        return kExitWritten;
+    }
+    for (const std::string& note : m_drawing.report.notes()) {
+        tell(note);
+    }
+    const long leftOut = m_drawing.report.totals().leftOut;
+    if (leftOut > 0) {
+        warn(std::to_string(leftOut) + " entities of the drawing were left out; --report says why");
+    }
+    return kExitWritten;
+}
+
+int Generation::connectAddin() {
+    std::string error;
+    const std::string file = findAddinFile(m_options.addin, &error);
+    if (file.empty() || !m_host.loadAddin(file, &error)) {
+        return fail(kExitUnreadableInput, "the add-in can't be loaded: " + error);
+    }
+    m_panel.emplace(m_host.pane());
+    // After the add-in is there, so that it hears of the drawing and takes its unit over.
+    m_document = m_host.application().AddDocument(kxString(m_options.drawing), true);
+    kxdrawing::loadInto(*m_document, m_drawing);
+    m_host.application().SetActiveDocument(m_document.get());
+    return kExitWritten;
+}
+
+int Generation::selectObjects() {
+    kxdrawing::ObjectFilter filter;
+    filter.layers.assign(m_options.layers.begin(), m_options.layers.end());
+    for (const std::string& type : m_options.types) {
+        for (const kxObjectType_e code : {kxLineType, kxCircleArcType, kxCircleType, kxPointType}) {
+            if (typeName(code) == type) {
+                filter.types.push_back(code);
+            }
+        }
+    }
+    if (m_options.explode) {
+        kxdrawing::explode(*m_document, m_document->GetObjects(), m_options.tolerance);
+    }
+    const std::vector<kxObject_ptr> chosen = kxdrawing::selectableObjects(*m_document, filter);
+    m_document->SetSelection(kxSelectionSetType_Current, chosen);
+    const std::string noPath = noToolPathLine(chosen);
+    if (!noPath.empty()) {
+        warn(noPath);
+    }
+    const bool any = std::any_of(chosen.begin(), chosen.end(), [](const kxObject_ptr& object) {
+        return givesToolPath(object->GetType());
+    });
+    return any ? kExitWritten
+               : fail(kExitNothingToWrite,
+                      m_options.drawing +
+                          ": nothing to write, no line, arc, circle or point is "
+                          "visible and chosen");
+}
+
+bool Generation::fillToolPath() {
+    return m_panel->typeField("zSafeHeightEdit", m_options.safeHeight) &&
+           m_panel->typeField("zRetractEdit", m_options.retraction) &&
+           m_panel->typeField("depthOfCut", m_options.depth) &&
+           m_panel->typeField("feedRateZ", m_options.feedZ) &&
+           m_panel->typeField("feedRateXY", m_options.feedXY);
+}
+
+bool Generation::fillDrillCycle() {
+    return m_panel->choose("drillcomboBox", static_cast<int>(m_options.cycle)) &&
+           m_panel->typeField("drillFeedRate", m_options.drillFeed) &&
+           m_panel->typeField("drillDepth", m_options.drillDepth) &&
+           m_panel->typeField("retractHeight", m_options.retractHeight) &&
+           m_panel->typeField("dwellTimeEdit", m_options.dwell) &&
+           m_panel->typeField("peckDepthEdit", m_options.peck);
+}
+
+bool Generation::fillTexts() {
+    return m_panel->typeText("m_CommentTextEdit", QString::fromStdString(m_options.comment)) &&
+           (!m_preamble || m_panel->typeText("textEdit", *m_preamble)) &&
+           (!m_postscript || m_panel->typeText("postambleTextEdit", *m_postscript)) &&
+           m_panel->check("lineNumberCheckBox", m_options.lineNumbers);
+}
+
+int Generation::fillPanel() {
+    const Unit own = m_drawing.unit == 0 ? Unit::Inch : Unit::Millimetre;
+    const bool isInch = m_options.unit.value_or(own) == Unit::Inch;
+    const bool isDrill = m_options.mode == Mode::Drill;
+    // Texts first and the unit last, as a user does it: so the unit rewrites any preamble.
+    const bool filled = m_panel->choose("comboBox", isDrill ? 1 : 0) &&
+                        (isDrill ? fillDrillCycle() : fillToolPath()) && fillTexts() &&
+                        m_panel->choose("unitComboBox", static_cast<int>(m_options.motion)) &&
+                        m_panel->click(isInch ? "inchRadioButton" : "mmRadioButton");
+    return filled ? kExitWritten
+                  : fail(kExitUnreadableInput,
+                         "the add-in's panel has no " + m_panel->missingControl());
+}
+
+int Generation::makeProgram() {
+    bool finished = false;
+    const bool pressed = m_panel->generate(&finished);
+    for (const std::string& line : m_host.printedLines()) {
+        finished ? tell(line) : warn(line);
+    }
+    if (!pressed) {
+        return fail(kExitUnreadableInput, "the add-in's panel has no " + m_panel->missingControl());
+    }
+    if (!finished) {
+        return fail(kExitNothingToWrite,
+                    "the add-in wrote no program; --type circle --type point chooses what can be "
+                    "drilled");
+    }
+    const QTemporaryDir folder;
+    const std::optional<QByteArray> program =
+        m_panel->save(folder.filePath(QString::fromLatin1("program.nc")));
+    if (!program) {
+        return fail(kExitUnwritableOutput,
+                    folder.path().toStdString() + ": the program can't be saved here");
+    }
+    m_program = *program;
+    return kExitWritten;
+}
+
+int Generation::writeProgram() const {
+    std::string error;
+    if (!writeOutput(m_options.output, m_program, &error)) {
+        return fail(kExitUnwritableOutput, error);
+    }
+    if (!m_options.output.empty() && m_options.output != "-") {
+        tell("Written: " + m_options.output + ", " + std::to_string(m_program.count('\n')) +
+             " lines");
+    }
+    return kExitWritten;
+}
+
+}  // namespace
+
+int generateProgram(const Options& options) {
+    return Generation(options).run();
+}
