@@ -12,7 +12,7 @@ class ProgramReceiver : public QObject {
 public:
     bool received() const { return m_received; }
 
-public slots:
+public Q_SLOTS:
     void take(const QString& program);
 
 private:
