@@ -51,11 +51,11 @@ void DxfModelBuilder::addLayer(const DL_LayerData& data) {
     constexpr unsigned kFrozen = 1;
     const bool off = m_record->integer(62, 7) < 0;
     const bool frozen = (static_cast<unsigned>(data.flags) & kFrozen) != 0;
-    m_model.layers[layerIndex(decodeText(data.name))].visible = !off && !frozen;
+    m_model.layers[layerIndex(decodeText(m_record->text(2)))].visible = !off && !frozen;
 }
 
 void DxfModelBuilder::addBlock(const DL_BlockData& data) {
-    m_block = &m_model.blocks[nameKey(data.name)];
+    m_block = &m_model.blocks[nameKey(m_record->text(2))];
     *m_block = {{data.bpx, data.bpy, data.bpz}, {}};
 }
 
@@ -193,7 +193,7 @@ void DxfModelBuilder::finishSpline() {
 
 void DxfModelBuilder::addInsert(const DL_InsertData& data) {
     InsertShape insert;
-    insert.block = nameKey(data.name);
+    insert.block = nameKey(m_record->text(2));
     insert.position = {data.ipx, data.ipy, data.ipz};
     insert.scale = {data.sx, data.sy, data.sz};
     insert.rotationDeg = data.angle;
@@ -207,8 +207,10 @@ void DxfModelBuilder::addInsert(const DL_InsertData& data) {
 
 void DxfModelBuilder::addNote(const DL_TextData& data) {
     const double rotation = m_record->real(50, 0) * kRadPerDeg;
-    setPlaneShape(kxSimpleNoteData{
-        {data.ipx, data.ipy, data.ipz}, kxString(plainText(data.text)), data.height, rotation});
+    setPlaneShape(kxSimpleNoteData{{data.ipx, data.ipy, data.ipz},
+                                   kxString(plainText(m_record->text(1))),
+                                   data.height,
+                                   rotation});
 }
 
 void DxfModelBuilder::addText(const DL_TextData& data) {
@@ -220,19 +222,18 @@ void DxfModelBuilder::addAttribute(const DL_AttributeData& data) {
     m_entity.convertedInto = "note";
 }
 
-void DxfModelBuilder::addMTextChunk(const std::string& text) {
-    m_longText += text;
-}
-
 void DxfModelBuilder::addMText(const DL_MTextData& data) {
     double rotation = m_record->real(50, 0) * kRadPerDeg;
     if (m_record->find(11) != nullptr) {
         rotation = std::atan2(m_record->real(21, 0), m_record->real(11, 1));
     }
-    setShape(kxSimpleNoteData{{data.ipx, data.ipy, data.ipz},
-                              kxString(plainMultiLineText(m_longText + data.text)),
-                              data.height,
-                              rotation});
+    std::string text;
+    for (const DxfGroup& group : m_record->groups) {
+        // Long texts come in pieces (3), the last of which is group 1.
+        text += group.code == 1 || group.code == 3 ? group.value : "";
+    }
+    setShape(kxSimpleNoteData{
+        {data.ipx, data.ipy, data.ipz}, kxString(plainMultiLineText(text)), data.height, rotation});
 }
 
 }  // namespace kxdrawing

@@ -120,26 +120,40 @@ void DxfModelBuilder::takeVertex(const DxfRecord& record) {
 
 void DxfModelBuilder::feed(const DxfRecord& record) {
     m_record = &record;
-    m_longText.clear();
-    m_parser->processDXFGroup(this, 0, record.type);
-    feedCounts(record);
+    m_input.clear();
+    m_inputGroups = 0;
+    write(0, record.type);
+    writeCounts(record);
     for (const DxfGroup& group : record.groups) {
         if (!isCount(record.type, group.code)) {
-            const bool number = groupKind(group.code) != GroupKind::Text;
-            m_parser->processDXFGroup(this, group.code,
-                                      number ? std::string(trimmed(group.value)) : group.value);
+            write(group.code, group.value);
         }
     }
     // dxflib hands a record over when the next one begins.
-    m_parser->processDXFGroup(this, 0, "EOF");
+    write(0, "EOF");
+    m_stream.clear();
+    m_stream.str(m_input);
+    for (long i = 0; i < m_inputGroups; ++i) {
+        m_parser->readDxfGroups(m_stream, this);
+    }
     m_record = nullptr;
 }
 
-void DxfModelBuilder::feedCounts(const DxfRecord& record) {
+void DxfModelBuilder::write(int code, std::string_view value) {
+    // dxflib stops at longer lines; long texts are taken from the record.
+    constexpr std::size_t kGreatestLength = DL_DXF_MAXLINE - 2;
+    m_input += std::to_string(code);
+    m_input += '\n';
+    m_input += value.substr(0, kGreatestLength);
+    m_input += '\n';
+    ++m_inputGroups;
+}
+
+void DxfModelBuilder::writeCounts(const DxfRecord& record) {
     // dxflib allocates by the counts a file states and keeps those of the entity before when there
     // are none; so it gets the true ones first, and those of the file are not passed on.
     const auto count = [&](int countCode, int code) {
-        m_parser->processDXFGroup(this, countCode, std::to_string(countOf(record, code)));
+        write(countCode, std::to_string(countOf(record, code)));
     };
     if (record.type == "LWPOLYLINE") {
         count(90, 10);

@@ -5,7 +5,9 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <dl_creationadapter.h>
@@ -46,7 +48,6 @@ public:
     void addInsert(const DL_InsertData& data) override;
     void addText(const DL_TextData& data) override;
     void addMText(const DL_MTextData& data) override;
-    void addMTextChunk(const std::string& text) override;
     void addAttribute(const DL_AttributeData& data) override;
 
 private:
@@ -69,7 +70,8 @@ private:
     void finishEntity();
     void takeVertex(const DxfRecord& record);
     void feed(const DxfRecord& record);
-    void feedCounts(const DxfRecord& record);
+    void write(int code, std::string_view value);
+    void writeCounts(const DxfRecord& record);
     void finishPolyline();
     void finishSpline();
     void store(Entity entity);
@@ -87,10 +89,13 @@ private:
     std::map<std::string, std::size_t> m_layers;
     std::vector<std::string> m_layerNames;
     const DxfRecord* m_record = nullptr;
+    /// The record as dxflib reads it.
+    std::string m_input;
+    long m_inputGroups = 0;
+    std::istringstream m_stream;
     Entity m_entity;
     std::optional<PendingPolyline> m_polyline;
     std::optional<PendingSpline> m_spline;
-    std::string m_longText;
     Block* m_block = nullptr;
     bool m_mirrored = false;
     bool m_inBlocks = false;

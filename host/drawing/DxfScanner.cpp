@@ -160,6 +160,11 @@ DxfScanner::Step DxfScanner::takeHead(const DxfGroup& head) {
     if (head.code == 0 && head.value == "EOF") {
         return structure(endFile(head));
     }
+    if (m_section.empty() && head.code == 9) {
+        // Some writers end the header after its first variables, and once more after the last.
+        m_section = "HEADER";
+        m_sectionLine = head.line;
+    }
     if (m_section.empty()) {
         fail(head.line, quoted(head.value) + " outside of a section", "SECTION or EOF");
         return Step::Failed;
