@@ -129,13 +129,11 @@ bool Application::CloseDocument(kxHostDocument_c* document) {
         return false;
     }
     const kxHostDocument_ptr closing(document);
-    static_cast<Document*>(document)->sendDestroy();
-    // A hook may have closed drawings, this one included.
-    auto place = find(document);
-    if (place == m_documents.end()) {
-        return true;
+    if (!static_cast<Document*>(document)->sendDestroy()) {
+        return false;
     }
-    place = m_documents.erase(place);
+    // Looked for once more: a hook may have closed other drawings.
+    const auto place = m_documents.erase(find(document));
     if (m_active == closing) {
         const bool noneAfter = place == m_documents.end();
         const bool noneLeft = m_documents.empty();

@@ -41,6 +41,8 @@ kxEventResult_e Document::UnRegisterEvent(kxDocumentEvent_e id, void* owner) {
 }
 
 void Document::SetObjects(std::vector<kxObject_ptr> objects) {
+    // A hook of the first event may close the drawing: it must live until the second is sent.
+    const kxHostDocument_ptr self(this);
     m_members.clear();
     for (const kxObject_ptr& object : objects) {
         m_members.insert(object.get());
@@ -77,4 +79,13 @@ void Document::SetSelection(kxSelectionSetType_e set, const std::vector<kxObject
         }
     }
     m_selection->setObjects(set, std::move(accepted));
+}
+
+bool Document::sendDestroy() {
+    if (m_closing) {
+        return false;
+    }
+    m_closing = true;
+    m_events.send(kxDocument_DestroyNotify_id);
+    return true;
 }

@@ -64,8 +64,8 @@ public:
     }
     void NotifyFileSavePost() override { m_events.send(kxDocument_FileSavePostNotify_id); }
 
-    /// Tells the trackers that the drawing is about to go.
-    void sendDestroy() const { m_events.send(kxDocument_DestroyNotify_id); }
+    /// Tells the trackers, once, that the drawing is about to go. False when they know already.
+    bool sendDestroy();
 
 private:
     kxString m_name;
@@ -78,4 +78,5 @@ private:
     std::map<kxCommandOptionInt16_e, short> m_options;
     EventTable<kxNotifyHook> m_events;
     EventTable<kxFileSavePreHook> m_savePreEvents;
+    bool m_closing = false;
 };

@@ -28,7 +28,7 @@ public:
     virtual bool SetActiveDocument(kxHostDocument_c* document) = 0;
     /// Sends the drawing's destroy event, then closes it; when it was the active one, its
     /// neighbour (the next, else the one before) becomes active, and the event is sent for that,
-    /// also when none is left.
+    /// also when none is left. False for a drawing that is not open here or is closing already.
     virtual bool CloseDocument(kxHostDocument_c* document) = 0;
     virtual const std::vector<kxHostDocument_ptr>& GetDocuments() const = 0;
     virtual kxHostDocument_ptr GetActiveHostDocument() const = 0;
