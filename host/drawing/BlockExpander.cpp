@@ -146,7 +146,7 @@ bool BlockExpander::overBudget() {
     // Blocks of nothing but inserts double without giving an object: the work counts as well.
     ++m_work;
     m_overBudget = m_overBudget || m_objects.size() > m_limits.objects ||
-                   m_work > 5 * (m_limits.objects + m_model.entities.size());
+                   m_work > 20 * (m_limits.objects + m_model.entities.size());
     return m_overBudget;
 }
 
