@@ -20,6 +20,15 @@ Homogeneous blend(const Homogeneous& a, const Homogeneous& b, double t) {
     return mixed;
 }
 
+/// (b - a) / width; 0 over an empty interval.
+Homogeneous slopeOf(const Homogeneous& a, const Homogeneous& b, double width) {
+    Homogeneous slope{};
+    for (std::size_t i = 0; i < slope.size() && width > 0; ++i) {
+        slope[i] = (b[i] - a[i]) / width;
+    }
+    return slope;
+}
+
 class Spline final : public ObjectBase<kxSpline_c, kxSplineType> {
 public:
     Spline(const kxString& layer, const kxSplineData& data) : ObjectBase(layer), m_data(data) {
@@ -102,10 +111,8 @@ void Spline::EvaluateAtParameter(double parameter, double* point, double* firstD
         for (std::size_t j = p; j >= r; --j) {
             const double low = m_data.knots[j + span - p];
             const double width = m_data.knots[j + 1 + span - r] - low;
-            if (r == p && width > 0) {
-                for (std::size_t i = 0; i < slope.size(); ++i) {
-                    slope[i] = static_cast<double>(p) * (d[p][i] - d[p - 1][i]) / width;
-                }
+            if (r == p) {
+                slope = slopeOf(d[p - 1], d[p], width / static_cast<double>(p));
             }
             d[j] = blend(d[j - 1], d[j], width > 0 ? (t - low) / width : 0);
         }
