@@ -19,6 +19,23 @@ class DL_Dxf;
 
 namespace kxdrawing {
 
+/// A polyline whose vertices are still to come.
+struct PendingPolyline {
+    kxPolyLineData data;
+    bool light = false;
+    bool space = false;
+    double elevation = 0;
+    std::string problem;
+    bool controlPoints = false;
+};
+
+/// A spline whose numbers are still to come.
+struct PendingSpline {
+    kxSplineData data;
+    std::vector<kxVector3> fitPoints;
+    bool closed = false;
+};
+
 /// Makes the model of a drawing from its records, which must have been checked. dxflib parses
 /// each record that it can read; the rest is left out with a reason.
 class DxfModelBuilder : public DL_CreationAdapter {
@@ -51,20 +68,6 @@ public:
     void addAttribute(const DL_AttributeData& data) override;
 
 private:
-    struct PendingPolyline {
-        kxPolyLineData data;
-        bool light = false;
-        bool space = false;
-        double elevation = 0;
-        std::string problem;
-        bool controlPoints = false;
-    };
-    struct PendingSpline {
-        kxSplineData data;
-        std::vector<kxVector3> fitPoints;
-        bool closed = false;
-    };
-
     void takeEntity(const DxfRecord& record);
     void beginEntity(const DxfRecord& record);
     void finishEntity();

@@ -206,14 +206,15 @@ kxSpline_ptr randomSpline(std::mt19937* random, int degree, int count, bool rati
     std::uniform_real_distribution<double> unit(0, 1);
     kxSplineData data;
     data.degree = degree;
-    data.knots.assign(static_cast<std::size_t>(degree + 1), 0);
+    const std::size_t order = static_cast<std::size_t>(degree) + 1;
+    data.knots.assign(order, 0);
     double knot = 0;
     for (int i = degree + 1; i < count; ++i) {
         // Now and then a knot is repeated: the curve may have a corner there.
         knot += unit(*random) < 0.2 ? 0 : 0.1 + unit(*random);
         data.knots.push_back(knot);
     }
-    data.knots.insert(data.knots.end(), static_cast<std::size_t>(degree + 1), knot + 1);
+    data.knots.insert(data.knots.end(), order, knot + 1);
     for (int i = 0; i < count; ++i) {
         data.controlPoints.push_back({20 * unit(*random), 20 * unit(*random), 1});
         if (rational) {

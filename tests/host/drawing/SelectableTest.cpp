@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawing/Selectable.h"
 
-#include <gtest/gtest.h>
-
 #include <kx/host/kxGeometryFactory.h>
 #include <kx/host/kxHostApplication.h>
+
+#include "TestDxf.h"
 
 namespace kxdrawing {
 namespace {
@@ -40,6 +40,20 @@ TEST_F(Selectable, By_layer_and_type) {
 
 TEST_F(Selectable, A_hidden_layer_gives_nothing_even_when_named) {
     EXPECT_TRUE(selectableObjects(*m_document, {{"HIDDEN"}, {}}).empty());
+}
+
+TEST(SelectableInserts, An_insert_on_a_hidden_layer_hides_what_takes_its_layer) {
+    TestDxf dxf;
+    dxf.tables = groups({{0, "TABLE"}, {2, "LAYER"}}) + layer("OFF", 0, -7);
+    dxf.blocks = block("B", line("0", "0", "1", "0") + line("0", "0", "1", "0", "OWN"));
+    dxf.entities = insert("B", "0", "0", {}, "OFF");
+    const kxHostApplication_ptr application = kxCreateHostApplication({});
+    const kxHostDocument_ptr document = application->AddDocument("drawing", false);
+    loadInto(*document, readGood(dxf.text()));
+    EXPECT_EQ(document->GetObjects().size(), 2U);
+    const auto selectable = selectableObjects(*document);
+    ASSERT_EQ(selectable.size(), 1U);
+    EXPECT_EQ(selectable.front()->GetLayer(), kxString("OWN"));
 }
 
 }  // namespace
