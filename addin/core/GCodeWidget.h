@@ -48,8 +48,6 @@ public:
 
     /// Takes the drawing's unit over: 0 inches, any other value millimetres.
     void SetActiveDrawingUnit(long activetDrawingUnit);
-    /// Forgets the program and tells what shows it.
-    void ClearPreviousPreview();
 
     kxSelectionManager_ptr GetKXSelectionManager() const;
     /// The selected objects in the order of selection, whatever their kind.
@@ -70,6 +68,8 @@ public slots:
     void AppendFile();
     void SelectFilePreview();
     void OpenHelp();
+    /// Forgets the program and tells what shows it.
+    void ClearPreviousPreview();
     void MainComboIndexChanged(int index);
     void DrillCycleComboIndexChanged(int index);
     void CategoryButtonPressed(int id);
