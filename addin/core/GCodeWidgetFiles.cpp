@@ -28,7 +28,7 @@ void GCodeWidget::SaveGCode() {
 
 void GCodeWidget::AppendFile() {
     const QMessageBox::StandardButton answer = QMessageBox::question(
-        this, tr("Append File"), tr("Do you want to append to the current open file?"),
+        widget, tr("Append File"), tr("Do you want to append to the current open file?"),
         QMessageBox::Yes | QMessageBox::No, QMessageBox::NoButton);
     const std::string addition = commentText() + "\n" + m_gcodeBuffer.str();
     QString path;
