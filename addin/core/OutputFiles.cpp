@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+
 void write(const QString& path, const std::string& text, QIODevice::OpenMode mode) {
     QFile file(path);
     if (file.open(mode | QIODevice::Text)) {
@@ -31,7 +33,11 @@ void appendTextFile(const QString& path, const std::string& text) {
 }
 
 void numberFileLines(const QString& path) {
-    writeTextFile(path, GCode::numberLines(readBytes(path).toStdString()));
+    const QByteArray bytes = readBytes(path);
+    // Kept, the mark would stand behind the first number, where it marks nothing.
+    const int start =
+        bytes.startsWith(kByteOrderMark) ? static_cast<int>(sizeof kByteOrderMark) - 1 : 0;
+    writeTextFile(path, GCode::numberLines(bytes.mid(start).toStdString()));
 }
 
 QString readTextFile(const QString& path) {

@@ -15,7 +15,7 @@ void writeTextFile(const QString& path, const std::string& text);
 /// Adds to the end of the file.
 void appendTextFile(const QString& path, const std::string& text);
 
-/// Numbers all lines of the file: N5, N10, N15, …
+/// Numbers all lines of the file: N5, N10, N15, … A byte order mark is dropped.
 void numberFileLines(const QString& path);
 
 /// The whole text of the file, without a byte order mark; empty when it can't be read.
