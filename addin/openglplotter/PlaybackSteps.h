@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include <QMatrix4x4>
+
+#include "openglplotter/Point3d.h"
+
+// The arithmetic of playing the tool along the path, without a window.
+
+/// The step length at the lowest speed, in device units.
+constexpr double kStepLengthPerSpeed = 0.005;
+
+/// How many steps a segment has at most: beyond about 83,886 a step no longer moves the parameter
+/// in single precision.
+constexpr double kMostSteps = 80000;
+
+/// The distance in 3-D; the differences are formed in single precision.
+double deviceDistance(const Point3d& a, const Point3d& b);
+
+/// The points, in device coordinates, at which the marker stands on its way along a segment of the
+/// model, `stepLength` device units apart. The start is always among them, the end only when a step
+/// lands on it. A segment without length gives 51 equal points.
+std::vector<Point3d> segmentSteps(const Point3d& from, const Point3d& to,
+                                  const QMatrix4x4& projection, double stepLength);
+
+/// A point in device coordinates as a point of the model.
+Point3d modelPointOf(const Point3d& device, const QMatrix4x4& projection);
+
+/// The step length after the speed has changed by `change`.
+double changedStepLength(double stepLength, int change);
