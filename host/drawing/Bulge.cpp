@@ -9,7 +9,9 @@ namespace kxdrawing {
 
 namespace {
 
+/// Beyond this radius an arc counts as straight, unless it leaves its chord visibly.
 constexpr double kGreatestRadius = 1e9;
+constexpr double kVisibleSagitta = 1e-3;
 
 double chordLength(const BulgeSegment& segment) {
     return std::hypot(segment.second.x - segment.first.x, segment.second.y - segment.first.y);
@@ -21,7 +23,8 @@ std::optional<kxCircleArcData> bulgeArc(const BulgeSegment& segment) {
     const double b = segment.bulge;
     const double chord = chordLength(segment);
     const double radius = chord * (1 + b * b) / (4 * std::abs(b));
-    if (b == 0 || chord == 0 || !(radius <= kGreatestRadius)) {
+    const bool hardlyBent = radius > kGreatestRadius && sagitta(segment) < kVisibleSagitta;
+    if (b == 0 || chord == 0 || hardlyBent || !std::isfinite(radius)) {
         return std::nullopt;
     }
     const double dx = segment.second.x - segment.first.x;

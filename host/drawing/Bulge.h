@@ -18,7 +18,7 @@ struct BulgeSegment {
 
 /// The segment's circular arc, counter-clockwise, which evaluates at its ends to the segment's
 /// ends exactly; a negative bulge swaps them. Nothing for a straight segment: a bulge of 0, equal
-/// ends, or a radius above 1e9.
+/// ends, or a radius above 1e9 with the arc less than 0.001 from its chord.
 std::optional<kxCircleArcData> bulgeArc(const BulgeSegment& segment);
 
 /// The greatest distance of the arc from its chord.

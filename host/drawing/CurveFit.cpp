@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kSamples = 16;
 constexpr int kArcSamples = 6;
 constexpr int kGreatestDepth = 24;
-constexpr std::size_t kGreatestCount = 200000;
+constexpr std::size_t kGreatestCount = 50000;
 /// Between samples the deviation may be a little greater than at them.
 constexpr double kSafety = 0.75;
 /// What counts as straight, as a part of the tolerance.
@@ -139,7 +139,10 @@ bool ArcFitter::isStraight(const Samples& samples) const {
 
 void ArcFitter::fitSpan(const Span& span, int depth) {
     const Samples samples = sample(span);
-    const bool exhausted = depth >= kGreatestDepth || m_chain.size() >= kGreatestCount;
+    const double middle = span.at(0.5);
+    // A span may also be too short for its parameters to be told apart.
+    const bool exhausted = depth >= kGreatestDepth || m_chain.size() >= kGreatestCount ||
+                           !(middle > span.start && middle < span.end);
     if (exhausted || isStraight(samples)) {
         m_chain.push_back({span.last, 0});
         return;
@@ -147,7 +150,6 @@ void ArcFitter::fitSpan(const Span& span, int depth) {
     if (m_planar && append(span, samples)) {
         return;
     }
-    const double middle = span.at(0.5);
     const kxVector3 p = point(middle);
     fitSpan({span.start, middle, span.first, p}, depth + 1);
     fitSpan({middle, span.end, p, span.last}, depth + 1);

@@ -98,6 +98,11 @@ void DxfModelBuilder::addEllipse(const DL_EllipseData& data) {
     }
     const double ratio = m_mirrored ? -data.ratio : data.ratio;
     AngleSpan span = withinOneTurn({data.angle1, data.angle2}, kTwoPi);
+    if (std::abs(span.start) > 4 * kTwoPi) {
+        // So far out parameters lose the precision that the curve needs.
+        const double start = std::remainder(span.start, kTwoPi);
+        span = {start, start + (span.end - span.start)};
+    }
     // Full ellipses are written with six digits too: a gap that small is none.
     if (std::abs(span.end - span.start - kTwoPi) < 1e-6) {
         span.end = span.start + kTwoPi;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawing/Explode.h"
 
+#include <algorithm>
 #include <cmath>
 #include <unordered_set>
 #include <utility>
@@ -81,6 +82,8 @@ kxEllipseArcData dataOf(const kxEllipseArc_c& ellipse) {
     ellipse.GetMajorAxis(&data.majorAxis.x, &data.majorAxis.y, &data.majorAxis.z);
     ellipse.GetMinorAxis(&data.minorAxis.x, &data.minorAxis.y, &data.minorAxis.z);
     ellipse.GetEndParams(&data.startParameter, &data.endParameter);
+    // What goes round more than once covers nothing new.
+    data.endParameter = std::min(data.endParameter, data.startParameter + kTwoPi);
     return data;
 }
 

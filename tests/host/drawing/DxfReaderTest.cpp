@@ -298,6 +298,13 @@ TEST(DxfReader, An_ellipse_over_a_whole_turn_is_full_though_written_with_six_dig
     EXPECT_EQ(endParams(*object), std::make_pair(0.0, kTwoPi));
 }
 
+TEST(DxfReader, Ellipse_parameters_far_out_are_brought_back) {
+    const auto object = onlyEntity<kxEllipseArc_c>(ellipse("0.5", "1e9", "1"));
+    ASSERT_TRUE(object);
+    EXPECT_LT(std::abs(endParams(*object).first), kTwoPi);
+    EXPECT_NEAR(endParams(*object).first, std::remainder(1e9, kTwoPi), 1e-9);
+}
+
 TEST(DxfReader, A_mirrored_ellipse_arc_is_the_same_points_counter_clockwise) {
     const auto plain = onlyEntity<kxEllipseArc_c>(ellipse("-0.5", "0.25", "1.5"));
     const auto object = onlyEntity<kxEllipseArc_c>(ellipse("0.5", "0.25", "1.5", {kDown}));

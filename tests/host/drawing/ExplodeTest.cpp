@@ -140,12 +140,19 @@ TEST(Explode, An_open_polyline_does_not_close) {
 TEST(Explode, Hardly_bent_segments_are_lines) {
     const auto polyline = kxCreatePolyLine(
         "0",
-        {{{{0, 0, 0}, 1e-7}, {{2, 0, 0}, 1e-3}, {{2, 1e8, 0}, 0.01}, {{2, -1e9, 0}, 0}}, false});
+        {{{{0, 0, 0}, 1e-7}, {{2, 0, 0}, 1e-3}, {{2, 0.01, 0}, 1e-12}, {{2, 9, 0}, 0}}, false});
     const Objects pieces = exploded(*polyline);
     ASSERT_EQ(pieces.size(), 3U);
     EXPECT_EQ(pieces[0]->GetType(), kxLineType);
     EXPECT_EQ(pieces[1]->GetType(), kxLineType);
     EXPECT_EQ(pieces[2]->GetType(), kxLineType);
+}
+
+TEST(Explode, Huge_arcs_stay_arcs_where_a_line_would_be_far_off) {
+    const auto polyline = kxCreatePolyLine("0", {{{{0, 0, 0}, 1e-3}, {{2e7, 0, 0}, 0}}, false});
+    EXPECT_EQ(exploded(*polyline).front()->GetType(), kxCircleArcType);
+    const auto ellipse = kxCreateEllipseArc("0", {{0, 0, 0}, {3e9, 0, 0}, {0, 1e9, 0}, 0, kTwoPi});
+    EXPECT_LE(exploded(*ellipse).size(), 5000U);
 }
 
 TEST(Explode, A_small_fillet_stays_an_arc) {
@@ -317,6 +324,13 @@ TEST(Explode, A_tolerance_of_nothing_does_not_run_away) {
     EXPECT_EQ(exploded(*ellipse, 0).size(), exploded(*ellipse).size());
     EXPECT_EQ(exploded(*ellipse, NAN).size(), exploded(*ellipse).size());
     EXPECT_LE(exploded(*ellipse, HUGE_VAL).size(), 16U);
+}
+
+TEST(Explode, Parameters_that_can_hardly_be_told_apart_stop_in_time) {
+    const auto far = kxCreateEllipseArc("0", {{0, 0, 0}, {1e6, 0, 0}, {0, 3e5, 0}, 1e12, 1e12 + 3});
+    EXPECT_LE(exploded(*far).size(), 60000U);
+    const auto wound = kxCreateEllipseArc("0", {{0, 0, 0}, {9, 0, 0}, {0, 3, 0}, 0, 1e9});
+    EXPECT_LE(exploded(*wound).size(), 100U);
 }
 
 TEST(Explode, In_a_document_pieces_take_the_place_of_what_they_replace) {
