@@ -40,11 +40,10 @@ constexpr char kFrameStyle[] = "margin-bottom: 2px;";
 constexpr char kTextFrameStyle[] = "QFrame{margin-bottom: 2px;}";
 constexpr char kCommentStyle[] = "background-color: rgb(255, 255, 255);";
 constexpr char kTextStyle[] = "QTextEdit{background-color: rgb(255, 255, 255);}";
-// The hover style stands at the buttons: a sheet of plain declarations, as the frame's is, can't
-// hold a rule as well.
-constexpr char kButtonStyle[] =
-    "QPushButton{border: 1px solid "
-    "rgb(205,201,201);}QPushButton:hover{background:qlineargradient(x1:0,y1:0,x2:0,y2:1,"
+constexpr char kButtonStyle[] = "QPushButton{border: 1px solid rgb(205,201,201);}";
+// Beside a rule plain declarations must stand in one as well; alone they are read as this one.
+constexpr char kButtonFrameStyle[] =
+    "* {margin-bottom: 2px;}QPushButton:hover{background:qlineargradient(x1:0,y1:0,x2:0,y2:1,"
     "stop:0.0 rgb(223,229,255),stop:0.5 rgb(223,229,255),stop:0.55 rgb(223,229,255),"
     "stop:1.0 rgb(223,229,255));}";
 constexpr char kCheckBoxStyle[] =
@@ -145,6 +144,7 @@ void GCodeWidget::createCommentsCategory() {
 void GCodeWidget::createPathCategory() {
     QFrame* frame = openCategory(tr("Path and drill cycle"), m_PathAndDrillCycleCategaory,
                                  m_PathAndDrillCycleCategaoryButton);
+    frame->setStyleSheet(QLatin1String(kButtonFrameStyle));
     auto* rows = new QVBoxLayout(frame);
     comboBox = createComboBox(QString::fromLatin1("comboBox"),
                               {tr("2D Toolpath"), tr("Drill Cycle")}, frame);
