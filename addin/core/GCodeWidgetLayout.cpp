@@ -63,16 +63,23 @@ QGridLayout* addPage(QStackedWidget* stack) {
     return grid;
 }
 
+/// Typed numbers are read with a decimal point wherever the program runs, and a comma makes them
+/// unreadable, so none is let through as a group separator.
+QLocale pointLocale() {
+    QLocale locale = QLocale::c();
+    locale.setNumberOptions(QLocale::RejectGroupSeparator);
+    return locale;
+}
+
 void limitHeight(QLineEdit* edit, QObject* owner) {
     auto* validator = new QDoubleValidator(-999, 1, kHeightDecimals, owner);
-    // Typed numbers are read with a decimal point wherever the program runs.
-    validator->setLocale(QLocale::c());
+    validator->setLocale(pointLocale());
     edit->setValidator(validator);
 }
 
 void limitFeed(QLineEdit* edit, QObject* owner) {
     auto* validator = new QIntValidator(1, 10000000, owner);
-    validator->setLocale(QLocale::c());
+    validator->setLocale(pointLocale());
     edit->setValidator(validator);
 }
 
