@@ -41,7 +41,9 @@ void numberFileLines(const QString& path) {
 }
 
 QString readTextFile(const QString& path) {
-    return QString::fromUtf8(readBytes(path));
+    const QByteArray bytes = readBytes(path);
+    // With the size: without it the conversion ends at a zero byte.
+    return QString::fromUtf8(bytes.constData(), bytes.size());
 }
 
 QString readProgramFile(const QString& path) {
