@@ -22,7 +22,9 @@ kxString q2d(const QString& text) {
 }
 
 QString d2q(const kxString& text) {
-    return QString::fromWCharArray(text.c_str(), static_cast<int>(text.length()));
+    // The toolkit drops a leading U+FEFF as a byte order mark, so one of ours goes before.
+    const std::wstring marked = L'\uFEFF' + std::wstring(text.c_str(), text.length());
+    return QString::fromWCharArray(marked.c_str(), static_cast<int>(marked.size()));
 }
 
 kxByteArray q2d(const QByteArray& bytes) {
