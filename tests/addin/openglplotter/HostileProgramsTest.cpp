@@ -45,8 +45,9 @@ TEST_F(HostilePrograms, ADepthOfTwoThousandMillionPecksStopsAtTheGreatestNumberO
     EXPECT_EQ(path.stop->points, 50'000'000U);
     EXPECT_EQ(path.stop->lineNumber, 2U);
     EXPECT_EQ(path.extents.maxX, 0.0F);
-    // One across, one down and up for the first peck, three for each one after it.
-    EXPECT_EQ(path.extents.minZ, static_cast<float>(-(50'000'000 - 2) / 3));
+    // The rapid, one across, two for the first peck, three for each one after it.
+    const int pecks = 1 + (50'000'000 - 4) / 3;
+    EXPECT_EQ(path.extents.minZ, static_cast<float>(-pecks));
 }
 
 TEST_F(HostilePrograms, APeckThatNoLongerChangesTheDepthEndsTheCycle) {
