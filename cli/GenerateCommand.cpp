@@ -12,6 +12,7 @@
 #include "PanelDriver.h"
 #include "Summary.h"
 #include "TextFile.h"
+#include "ViewPicture.h"
 #include "drawing/DxfReader.h"
 #include "drawing/Explode.h"
 #include "drawing/Selectable.h"
@@ -114,6 +115,9 @@ int Generation::connectAddin() {
     const std::string file = findAddinFile(m_options.addin, &error);
     if (file.empty() || !m_host.loadAddin(file, &error)) {
         return fail(kExitUnreadableInput, "the add-in can't be loaded: " + error);
+    }
+    if (!m_options.preview.empty() && !showView(m_host.pane(), &error)) {
+        return fail(kExitUnwritableOutput, error);
     }
     m_panel.emplace(m_host.pane());
     // After the add-in is there, so that it hears of the drawing and takes its unit over.
@@ -219,6 +223,12 @@ int Generation::writeProgram() const {
     std::string error;
     if (!writeOutput(m_options.output, m_program, &error)) {
         return fail(kExitUnwritableOutput, error);
+    }
+    if (!m_options.preview.empty()) {
+        if (!writeViewPicture(m_host.pane(), m_options.preview, &error)) {
+            return fail(kExitUnwritableOutput, error);
+        }
+        tell("Written: " + m_options.preview);
     }
     if (!m_options.output.empty() && m_options.output != "-") {
         tell("Written: " + m_options.output + ", " + std::to_string(m_program.count('\n')) +

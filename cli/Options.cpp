@@ -107,6 +107,12 @@ void addHeightsAndFeeds(CLI::App& app, Options& options) {
     add("--peck", options.peck, "Depth of one peck", kPositive, drill);
 }
 
+void addAddin(CLI::App& app, std::string& addin) {
+    app.add_option("--addin", addin, "The add-in's library, when it is not beside kxgcode")
+        ->type_name("FILE")
+        ->envname("KX_ADDIN_PATH");
+}
+
 void addEverything(CLI::App& app, Options& options) {
     app.add_option("drawing", options.drawing, "The drawing, a DXF file")
         ->type_name("DRAWING")
@@ -116,36 +122,64 @@ void addEverything(CLI::App& app, Options& options) {
     addSelection(app, options);
     addProgram(app, options);
     addHeightsAndFeeds(app, options);
+    app.add_option("--preview", options.preview, "Where the picture of the path goes, a PNG file")
+        ->type_name("FILE");
     app.add_flag("--report", options.report, "Print what was read from the drawing");
     app.add_flag("--quiet", options.quiet, "Print errors and warnings only");
-    app.add_option("--addin", options.addin, "The add-in's library, when it is not beside kxgcode")
-        ->type_name("FILE")
-        ->envname("KX_ADDIN_PATH");
+    addAddin(app, options.addin);
     app.set_config("--config", "", "Settings file (TOML) with any of these options")
         ->type_name("FILE");
     app.allow_config_extras(CLI::config_extras_mode::error);
     app.set_version_flag("--version", std::string("kxgcode ") + kVersion);
 }
 
-}  // namespace
-
-ParsedOptions parseOptions(int argc, char** argv) {
-    ParsedOptions parsed;
-    CLI::App app("Turns a 2-D drawing into a CNC program in G-code.", "kxgcode");
-    addEverything(app, parsed.options);
+/// The exit code to end with at once, after what is to be said was printed; else nothing.
+std::optional<int> parse(CLI::App& app, int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {
         app.exit(success);
-        parsed.exitCode = kExitWritten;
-        return parsed;
+        return kExitWritten;
     } catch (const CLI::FileError& error) {
         std::cerr << "kxgcode: " << error.what() << "\n";
-        parsed.exitCode = kExitUnreadableInput;
-        return parsed;
+        return kExitUnreadableInput;
     } catch (const CLI::Error& error) {
         std::cerr << "kxgcode: " << error.what() << "\nRun kxgcode --help for the options.\n";
-        parsed.exitCode = kExitWrongUsage;
+        return kExitWrongUsage;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+bool asksForView(int argc, char** argv) {
+    return argc > 1 && std::string(argv[1]) == "view";
+}
+
+Parsed<ViewOptions> parseViewOptions(int argc, char** argv) {
+    Parsed<ViewOptions> parsed;
+    CLI::App app("Shows the path of a program.", "kxgcode view");
+    app.add_option("program", parsed.options.program, "The program, a G-code file")
+        ->type_name("FILE")
+        ->required();
+    app.add_option("--preview", parsed.options.preview, "Where the picture goes, a PNG file")
+        ->type_name("FILE")
+        ->required();
+    app.add_flag("--quiet", parsed.options.quiet, "Print errors and warnings only");
+    addAddin(app, parsed.options.addin);
+    parsed.exitCode = parse(app, argc - 1, argv + 1);
+    return parsed;
+}
+
+Parsed<Options> parseOptions(int argc, char** argv) {
+    Parsed<Options> parsed;
+    CLI::App app(
+        "Turns a 2-D drawing into a CNC program in G-code.\n"
+        "kxgcode view FILE.nc --preview FILE.png makes a picture of any program.",
+        "kxgcode");
+    addEverything(app, parsed.options);
+    parsed.exitCode = parse(app, argc, argv);
+    if (parsed.exitCode) {
         return parsed;
     }
     const std::vector<std::string> missing = missingOptions(parsed.options);

@@ -45,19 +45,36 @@ struct Options {
     double tolerance = 0.01;
     bool report = false;
     bool quiet = false;
+    /// Where the view's picture goes; empty: nowhere.
+    std::string preview;
     /// The add-in's library; empty: where it is looked for.
+    std::string addin;
+};
+
+/// What `kxgcode view` is asked for.
+struct ViewOptions {
+    std::string program;
+    std::string preview;
+    bool quiet = false;
     std::string addin;
 };
 
 /// Either options to work with, or the exit code to end with at once: help or version was printed
 /// on standard output, or what is wrong on standard error.
-struct ParsedOptions {
-    Options options;
+template <class Wanted>
+struct Parsed {
+    Wanted options;
     std::optional<int> exitCode;
 };
 
+/// Whether the command line begins with the word "view".
+bool asksForView(int argc, char** argv);
+
 /// Reads the command line and the settings file it may name.
-ParsedOptions parseOptions(int argc, char** argv);
+Parsed<Options> parseOptions(int argc, char** argv);
+
+/// Reads the command line of `kxgcode view`.
+Parsed<ViewOptions> parseViewOptions(int argc, char** argv);
 
 /// The options that the mode needs and nobody gave, as they are written on the command line.
 std::vector<std::string> missingOptions(const Options& options);

@@ -7,7 +7,9 @@
 #include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTextEdit>
 #include <QTimer>
 
@@ -27,15 +29,27 @@ QWidget* findProgramSource(QWidget* pane) {
     return nullptr;
 }
 
-/// Fills in the save dialog that is open now, as soon as its event loop runs.
-void answerSaveDialog(const QString& path) {
+/// Closes a box in which the toolkit complains about the file, so that nobody waits for it.
+void closeComplaint() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box != nullptr) {
+        box->close();
+    }
+}
+
+/// Fills in the file dialog that is open now.
+void answerFileDialog(const QString& path) {
     auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
     if (dialog == nullptr) {
         return;
     }
     dialog->selectFile(path);
+    QTimer::singleShot(0, dialog, &closeComplaint);
     // The public slot of the base class; the file dialog hides its own.
     static_cast<QDialog*>(dialog)->accept();
+    if (dialog->isVisible()) {
+        dialog->reject();
+    }
 }
 
 }  // namespace
@@ -103,10 +117,17 @@ bool PanelDriver::generate(bool* finished) {
 }
 
 std::optional<QByteArray> PanelDriver::save(const QString& path) {
-    QTimer::singleShot(0, m_panel, [path] { answerSaveDialog(path); });
+    QTimer::singleShot(0, m_panel, [path] { answerFileDialog(path); });
     QFile file(path);
     if (!click("saveBtn") || !file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
     return file.readAll();
+}
+
+bool PanelDriver::open(const QString& path) {
+    // The dialog takes a relative path as one below its own folder.
+    const QString whole = QFileInfo(path).absoluteFilePath();
+    QTimer::singleShot(0, m_panel, [whole] { answerFileDialog(whole); });
+    return click("selectFileBtn");
 }

@@ -26,6 +26,9 @@ public:
     /// the file, or nothing when none was written.
     std::optional<QByteArray> save(const QString& path);
 
+    /// Clicks "Select file" and answers its dialog with an existing file.
+    bool open(const QString& path);
+
     const std::string& missingControl() const { return m_missingControl; }
 
 private:

@@ -5,8 +5,11 @@
 #include <QTemporaryDir>
 #include <cstdio>
 
+#include "ExitCode.h"
 #include "GenerateCommand.h"
 #include "Options.h"
+#include "ViewCommand.h"
+#include "ViewPicture.h"
 
 namespace {
 
@@ -17,21 +20,40 @@ void showErrorsOnly(QtMsgType type, const QMessageLogContext& /*context*/, const
     }
 }
 
-}  // namespace
+/// Prepares the toolkit for running without a user.
+void prepareToolkit(bool needsDisplay, const QString& settingsFolder) {
+    qInstallMessageHandler(showErrorsOnly);
+    if (!needsDisplay) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    // The dialogs that are driven here must not leave traces in the user's settings.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settingsFolder);
+}
 
-int main(int argc, char** argv) {
-    // Read before the toolkit takes over the locale and its own options.
-    const ParsedOptions parsed = parseOptions(argc, argv);
+/// Runs a command with its options in an application of its own.
+template <class Wanted>
+int run(const Parsed<Wanted>& parsed, int (*command)(const Wanted&), char** argv) {
     if (parsed.exitCode) {
         return *parsed.exitCode;
     }
-    qInstallMessageHandler(showErrorsOnly);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    // The dialogs that are driven here must not leave traces in the user's settings.
+    const bool needsDisplay = !parsed.options.preview.empty();
+    std::string error;
+    if (needsDisplay && !hasDisplay(&error)) {
+        std::fprintf(stderr, "kxgcode: %s\n", error.c_str());
+        return kExitUnwritableOutput;
+    }
     const QTemporaryDir settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    prepareToolkit(needsDisplay, settings.path());
     int count = 1;
-    QApplication application(count, argv);
-    return generateProgram(parsed.options);
+    const QApplication application(count, argv);
+    return command(parsed.options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // The options are read before the toolkit takes over the locale and options of its own.
+    return asksForView(argc, argv) ? run(parseViewOptions(argc, argv), &viewProgram, argv)
+                                   : run(parseOptions(argc, argv), &generateProgram, argv);
 }

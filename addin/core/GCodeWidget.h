@@ -28,7 +28,9 @@ class QPushButton;
 class QRadioButton;
 class QStackedWidget;
 class QTextEdit;
+class QSlider;
 class QTreeWidgetItem;
+class OGLWindow;
 class QtCategoryButton;
 namespace Ui {
 class GCode;
@@ -61,6 +63,8 @@ public:
 signals:
     /// A whole program's text, for what shows it.
     void GCodeGenFinish(const QString& program);
+    /// Play, at the speed slider's value.
+    void Simulate(int speed);
 
 public slots:
     void GenerateGCode();
@@ -68,6 +72,7 @@ public slots:
     void AppendFile();
     void SelectFilePreview();
     void OpenHelp();
+    void SimulateButtonClicked();
     /// Forgets the program and tells what shows it.
     void ClearPreviousPreview();
     void MainComboIndexChanged(int index);
@@ -87,11 +92,14 @@ private:
     void createPostscriptCategory();
     void createUnitCategory();
     void createFeedCategory();
+    void createViewCategory();
     void createToolPathPage();
     void createDrillPage();
     void setDefaultTexts();
     void setValidators();
     void connectControls();
+    void connectView();
+    void printPreviewStopped(qlonglong points);
 
     void SetParams();
     long countSelection(const kxSelectionManager_ptr& manager, kxSelectionSetType_e set);
@@ -133,12 +141,14 @@ private:
     QTreeWidgetItem* m_PostscriptCategaory = nullptr;
     QTreeWidgetItem* m_UnitCategaory = nullptr;
     QTreeWidgetItem* m_RetractionAndFeedRateCategaory = nullptr;
+    QTreeWidgetItem* m_ViewWindowCategaory = nullptr;
     QtCategoryButton* m_CommentsCategaoryButton = nullptr;
     QtCategoryButton* m_PathAndDrillCycleCategaoryButton = nullptr;
     QtCategoryButton* m_PreambleCategaoryButton = nullptr;
     QtCategoryButton* m_PostscriptCategaoryButton = nullptr;
     QtCategoryButton* m_UnitCategaoryButton = nullptr;
     QtCategoryButton* m_RetractionAndFeedRateCategaoryButton = nullptr;
+    QtCategoryButton* m_ViewWindowCategaoryButton = nullptr;
 
     QTextEdit* m_CommentTextEdit = nullptr;
     QComboBox* comboBox = nullptr;
@@ -176,4 +186,12 @@ private:
     QLineEdit* dwellTimeEdit = nullptr;
     QLabel* peckDepthButton = nullptr;
     QLineEdit* peckDepthEdit = nullptr;
+    OGLWindow* w = nullptr;
+    QPushButton* simulatePushButton = nullptr;
+    QPushButton* PauseSimulationButton = nullptr;
+    QPushButton* StopSimulationButton = nullptr;
+    QSlider* horizontalSlider = nullptr;
+    QPushButton* panButton = nullptr;
+    QPushButton* zoomButton = nullptr;
+    QPushButton* zoomToFitButton = nullptr;
 };

@@ -21,6 +21,7 @@
 #include "core/PanelControls.h"
 #include "core/PanelResources.h"
 #include "core/QtCategoryButton.h"
+#include "openglplotter/OGLWindow.h"
 #include "ui_GCode.h"
 
 namespace {
@@ -96,6 +97,7 @@ void GCodeWidget::CreateUI() {
     createPostscriptCategory();
     createUnitCategory();
     createFeedCategory();
+    createViewCategory();
 }
 
 void GCodeWidget::startUIGroup(QTreeWidgetItem* item, QtCategoryButton* button,
@@ -308,6 +310,7 @@ void GCodeWidget::connectControls() {
     connect(inchRadioButton, &QRadioButton::clicked, this, &GCodeWidget::SetDrawingUnit);
     connect(categoryButton, &QButtonGroup::idClicked, this, &GCodeWidget::CategoryButtonPressed);
     connect(appendPushButton, &QPushButton::clicked, this, &GCodeWidget::AppendFile);
+    connectView();
 }
 
 void GCodeWidget::CategoryButtonPressed(int id) {
@@ -319,4 +322,6 @@ void GCodeWidget::CategoryButtonPressed(int id) {
     const auto icon =
         item->isExpanded() ? QString::fromLatin1("expanded") : QString::fromLatin1("collapsed");
     categoryButton->button(id)->setIcon(QIcon(iconPath(icon)));
+    // One tick of the playback, as its timer gives.
+    w->update();
 }

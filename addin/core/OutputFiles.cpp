@@ -3,6 +3,7 @@
 #include "core/OutputFiles.h"
 
 #include <QFile>
+#include <QTextCodec>
 
 #include "core/LineNumbering.h"
 
@@ -20,6 +21,11 @@ void write(const QString& path, const std::string& text, QIODevice::OpenMode mod
 QByteArray readBytes(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// All of the bytes as text, beyond zero bytes too, without a byte order mark.
+QString textOf(const QByteArray& bytes) {
+    return QTextCodec::codecForName("UTF-8")->toUnicode(bytes);
 }
 
 }  // namespace
@@ -41,12 +47,11 @@ void numberFileLines(const QString& path) {
 }
 
 QString readTextFile(const QString& path) {
-    const QByteArray bytes = readBytes(path);
-    // With the size: without it the conversion ends at a zero byte.
-    return QString::fromUtf8(bytes.constData(), bytes.size());
+    return textOf(readBytes(path));
 }
 
 QString readProgramFile(const QString& path) {
     const QByteArray bytes = readBytes(path);
-    return QString::fromUtf8(bytes.constData());
+    const int end = bytes.indexOf('\0');
+    return textOf(end < 0 ? bytes : bytes.left(end));
 }
