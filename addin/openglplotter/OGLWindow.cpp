@@ -151,35 +151,50 @@ void OGLWindow::initializeGL() {
 }
 
 void OGLWindow::resizeGL(int width, int height) {
-    const int safeHeight = height == 0 ? 1 : height;
+    takeSize(width, height);
+    glViewport(0, 0, width, height == 0 ? 1 : height);
+}
+
+void OGLWindow::resizeEvent(QResizeEvent* event) {
+    QGLWidget::resizeEvent(event);
+    if (!isValid()) {
+        takeSize(width(), height());
+    }
+}
+
+void OGLWindow::takeSize(int width, int height) {
     // The fitted projection is lost until the next load or Reset.
     pMatrix.setToIdentity();
     m_width = static_cast<float>(width);
-    m_height = static_cast<float>(safeHeight);
+    m_height = static_cast<float>(height == 0 ? 1 : height);
     m_ratio = m_width / m_height;
-    glViewport(0, 0, width, safeHeight);
 }
 
 ViewState OGLWindow::viewState() const {
     return {alpha, beta, m_scale, m_translateX, m_translateY, m_lastMousePositionInModelCoordinate};
 }
 
+void OGLWindow::advanceModel() {
+    mMatrix = nextModelMatrix(mMatrix, pMatrix, viewState());
+    m_translateX = 0;
+    m_translateY = 0;
+}
+
 void OGLWindow::paintGL() {
     initializeGLFunctions();
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    const ViewState view = viewState();
-    mMatrix = nextModelMatrix(mMatrix, pMatrix, view);
-    m_translateX = 0;
-    m_translateY = 0;
+    advanceModel();
     shaderProgram->bind();
     uploadMatrix(pMatrix * mMatrix);
     drawRange(GL_LINE_STRIP, 0, pathSize());
-    QMatrix4x4 turned = rotationOnly(view);
+    QMatrix4x4 turned = rotationOnly(viewState());
     uploadMatrix(pMatrix * turned);
     drawRange(GL_LINES, pathSize(), m_AxesVerticesSize);
-    const auto scale = static_cast<float>(m_scale);
-    turned.translate(scale * m_translatePoint.x, scale * m_translatePoint.y,
-                     scale * m_translatePoint.z);
+    const auto scaled = [this](float value) {
+        return static_cast<float>(m_scale * static_cast<double>(value));
+    };
+    turned.translate(scaled(m_translatePoint.x), scaled(m_translatePoint.y),
+                     scaled(m_translatePoint.z));
     uploadMatrix(pMatrix * turned);
     drawRange(GL_LINES, pathSize() + m_AxesVerticesSize, m_ToolVerticesSize);
     shaderProgram->release();
@@ -205,5 +220,8 @@ void OGLWindow::drawRange(GLenum mode, long first, long count) {
 void OGLWindow::requestFrame() {
     if (isValid()) {
         updateGL();
+    } else {
+        // Without a frame the view still has to move as its handlers expect.
+        advanceModel();
     }
 }

@@ -52,6 +52,7 @@ protected:
     void initializeGL() override;
     void resizeGL(int width, int height) override;
     void paintGL() override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -73,6 +74,8 @@ private:
     void CalculateNDC(float x, float y);
     void turnBy(const QPoint& drag, const QPoint& position);
     void panBy(const QPoint& drag);
+    void takeSize(int width, int height);
+    void advanceModel();
     void uploadMatrix(const QMatrix4x4& matrix);
     void drawRange(GLenum mode, long first, long count);
     ViewState viewState() const;
