@@ -31,7 +31,7 @@ public:
 
 private:
     static std::size_t index(int row, int column) {
-        return static_cast<std::size_t>(row * 4 + column);
+        return static_cast<std::size_t>(row) * 4 + static_cast<std::size_t>(column);
     }
     void reduceColumn(int column, LiteralMatrix* other);
 

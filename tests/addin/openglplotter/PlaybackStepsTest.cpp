@@ -229,7 +229,7 @@ TEST(ModelPointOf, UndoesTheProjectionOnRandomPoints) {
 
 TEST(ChangedStepLength, GrowsByFiveThousandthsPerStepOfTheSlider) {
     EXPECT_DOUBLE_EQ(changedStepLength(0.02, 6), 0.05);
-    EXPECT_DOUBLE_EQ(changedStepLength(0.05, -9), 0.005);
+    EXPECT_NEAR(changedStepLength(0.05, -9), 0.005, 1e-15);  // Sums of doubles.
     EXPECT_EQ(changedStepLength(0.02, 0), 0.02);
 }
 

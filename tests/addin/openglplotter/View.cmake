@@ -12,6 +12,8 @@ target_link_libraries(view_math_test PRIVATE gcode_preview GTest::gtest_main)
 gtest_discover_tests(view_math_test PROPERTIES TIMEOUT 60 LABELS asan)
 
 add_executable(ogl_window_test
+  ${CMAKE_CURRENT_LIST_DIR}/LiteralMatrix.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/LiteralMatrix.h
   ${CMAKE_CURRENT_LIST_DIR}/OGLWindowDrawingTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/OGLWindowNavigationTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/OGLWindowPicturesTest.cpp

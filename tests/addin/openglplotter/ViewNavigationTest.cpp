@@ -92,10 +92,9 @@ TEST(DeviceCoordinate, RunsFromMinusOneToOneAlongTheWidget) {
 }
 
 TEST(DeviceCoordinate, IsComputedInDoubleAndStoredAsFloat) {
-    const auto inDouble = static_cast<float>(100.0 / (0.5 * 333.0) - 1.0);
-    EXPECT_EQ(deviceCoordinate(100, 333), inDouble);
+    EXPECT_EQ(deviceCoordinate(1, 3), static_cast<float>(1 / (0.5 * 3) - 1));
     // In single precision the last bits would be lost before the subtraction.
-    EXPECT_NE(100.0F / (0.5F * 333.0F) - 1.0F, inDouble);
+    EXPECT_NE(deviceCoordinate(1, 3), 1.0F / (0.5F * 3.0F) - 1.0F);
 }
 
 TEST(PannedOffset, IsTheDragInDeviceUnits) {
