@@ -15,6 +15,7 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
 
 option(KX_BUILD_TESTS "Build the tests" ON)
+option(KX_BUILD_BENCHMARKS "Build the benchmarks (they need libbenchmark-dev)" OFF)
 option(KX_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
 option(KX_COVERAGE "Count the executed lines" OFF)
 set(KX_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize= takes them")

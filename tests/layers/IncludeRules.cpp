@@ -26,18 +26,19 @@ const std::map<std::string, Names>& allowedOfLayer() {
         {"kxInterface",
          {"std", "system", "kxLibrary", "kxObjectType", "kxInterface", "kxHost", "kxPrivate"}},
         {"gcode_core", {"std", "kxObjectType", "gcode_core"}},
+        {"gcode_preview", {"std", "qtvalue", "gcode_preview"}},
         {"addin",
-         {"std", "system", "qt", "opengl", "kxLibrary", "kxObjectType", "kxInterface", "gcode_core",
-          "addin"}},
+         {"std", "system", "qt", "qtvalue", "opengl", "kxLibrary", "kxObjectType", "kxInterface",
+          "gcode_core", "gcode_preview", "addin"}},
         {"kxdrawing",
          {"std", "system", "dxflib", "kxLibrary", "kxObjectType", "kxInterface", "kxHost",
           "kxdrawing"}},
         {"kxhost",
-         {"std", "system", "qt", "boost", "kxLibrary", "kxObjectType", "kxInterface", "kxHost",
-          "kxdrawing", "kxhost"}},
+         {"std", "system", "qt", "qtvalue", "boost", "kxLibrary", "kxObjectType", "kxInterface",
+          "kxHost", "kxdrawing", "kxhost"}},
         {"kxgcode",
-         {"std", "system", "qt", "cli11", "kxLibrary", "kxObjectType", "kxInterface", "kxHost",
-          "kxdrawing", "kxgcode"}},
+         {"std", "system", "qt", "qtvalue", "cli11", "kxLibrary", "kxObjectType", "kxInterface",
+          "kxHost", "kxdrawing", "kxgcode"}},
         {"examples", {"std", "kxLibrary", "kxObjectType", "kxInterface", "examples"}},
     };
     return table;
@@ -52,13 +53,33 @@ std::string readFile(const fs::path& path) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-/// The file names that the list of the core's sources names.
-Names namesOfCore(const fs::path& root) {
+/// The file names that the list of a static library's sources names; none without a list.
+Names namesIn(const fs::path& list) {
     static const std::regex sourceName("[A-Za-z0-9_]+\\.(h|cpp)");
-    const std::string list = readFile(root / "addin/core/gcode_core.cmake");
-    return {std::sregex_token_iterator(list.begin(), list.end(), sourceName),
+    const std::string text = readFile(list);
+    return {std::sregex_token_iterator(text.begin(), text.end(), sourceName),
             std::sregex_token_iterator()};
 }
+
+/// The files of the add-in's two libraries that know neither window nor host.
+struct PlainLibraries {
+    explicit PlainLibraries(const fs::path& root)
+        : core(namesIn(root / "addin/core/gcode_core.cmake")),
+          preview(namesIn(root / "addin/openglplotter/gcode_preview.cmake")) {}
+
+    std::string layerOfAddinFile(const fs::path& path) const {
+        const std::string folder = path.parent_path().generic_string();
+        const std::string name = path.filename().string();
+        if (folder == "addin/core" && core.count(name) != 0) {
+            return "gcode_core";
+        }
+        return folder == "addin/openglplotter" && preview.count(name) != 0 ? "gcode_preview"
+                                                                           : "addin";
+    }
+
+    Names core;
+    Names preview;
+};
 
 bool isKxLibraryName(const std::string& stem) {
     static const Names names = {"kxString",     "kxStringArray",  "kxByteArray",
@@ -78,7 +99,7 @@ std::string layerOfSdkHeader(const fs::path& path) {
 }
 
 /// The layer that a file of this tree is for those who include it; `path` is relative to the root.
-std::string layerOfFile(const fs::path& path, const Names& core) {
+std::string layerOfFile(const fs::path& path, const PlainLibraries& libraries) {
     const std::string text = path.generic_string();
     if (startsWith(text, "sdk/include/")) {
         return layerOfSdkHeader(path.lexically_relative("sdk/include"));
@@ -87,9 +108,7 @@ std::string layerOfFile(const fs::path& path, const Names& core) {
         return "kxPrivate";
     }
     if (startsWith(text, "addin/")) {
-        const bool isCore =
-            startsWith(text, "addin/core/") && core.count(path.filename().string()) != 0;
-        return isCore ? "gcode_core" : "addin";
+        return libraries.layerOfAddinFile(path);
     }
     if (startsWith(text, "host/")) {
         return startsWith(text, "host/drawing/") ? "kxdrawing" : "kxhost";
@@ -98,8 +117,8 @@ std::string layerOfFile(const fs::path& path, const Names& core) {
 }
 
 /// The row of the table that holds for the includes in a file.
-std::string ruleOfFile(const fs::path& path, const Names& core) {
-    const std::string layer = layerOfFile(path, core);
+std::string ruleOfFile(const fs::path& path, const PlainLibraries& libraries) {
+    const std::string layer = layerOfFile(path, libraries);
     if (layer == "kxPrivate") {
         return isKxLibraryName(path.stem().string()) ? "kxLibrary" : "kxInterface";
     }
@@ -112,6 +131,8 @@ std::string ruleOfFile(const fs::path& path, const Names& core) {
 
 std::string layerOfForeign(const std::string& name) {
     static const std::vector<std::pair<std::regex, std::string>> table = {
+        {std::regex("QtGlobal|QtMath|Q(ByteArray|Matrix4x4|PointF?|RegExp|String|Vector[34]?D?)"),
+         "qtvalue"},
         {std::regex("Q[A-Z].*|Qt[A-Z][A-Za-z]*/.*|q[a-z]+\\.h|.*\\.moc|moc_.*|ui_.*\\.h"), "qt"},
         {std::regex("(GL|EGL|KHR)/.*"), "opengl"},
         {std::regex("dxflib/.*|dl_.*\\.h"), "dxflib"},
@@ -149,11 +170,11 @@ std::vector<Include> includesOf(const fs::path& path) {
 
 class Checker {
 public:
-    explicit Checker(const fs::path& root) : m_root(root), m_core(namesOfCore(root)) {}
+    explicit Checker(const fs::path& root) : m_root(root), m_libraries(root) {}
 
     void checkFile(const fs::path& path) {
         const fs::path file = path.lexically_relative(m_root);
-        const std::string rule = ruleOfFile(file, m_core);
+        const std::string rule = ruleOfFile(file, m_libraries);
         ++m_report.filesOfLayer[rule];
         for (const Include& include : includesOf(path)) {
             const std::string layer = layerOfInclude(path, include.name);
@@ -184,7 +205,7 @@ private:
 
     std::string layerOfInclude(const fs::path& includer, const std::string& name) const {
         if (const auto found = find(includer, name)) {
-            return layerOfFile(*found, m_core);
+            return layerOfFile(*found, m_libraries);
         }
         if (startsWith(name, "kx/")) {
             return layerOfSdkHeader(name);
@@ -193,7 +214,7 @@ private:
     }
 
     fs::path m_root;
-    Names m_core;
+    PlainLibraries m_libraries;
     Report m_report;
 };
 

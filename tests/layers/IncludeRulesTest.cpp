@@ -24,7 +24,7 @@ TEST(SourceTree, everyLayerWasRead) {
     const auto files = checkIncludes(KX_SOURCE_DIR).filesOfLayer;
     for (const char* layer :
          {"kxLibrary headers", "kxLibrary", "kxInterface headers", "kxHost headers", "kxInterface",
-          "gcode_core", "addin", "kxdrawing", "kxgcode", "examples"}) {
+          "gcode_core", "gcode_preview", "addin", "kxdrawing", "kxgcode", "examples"}) {
         EXPECT_TRUE(files.count(layer) != 0) << "no file of " << layer;
     }
 }
@@ -37,6 +37,11 @@ protected:
               "add_library(gcode_core ${here}/Arc.h\n ${here}/Arc.cpp)");
         write("addin/core/Arc.h", "#include <kx/kxObjectType.h>\n#include <vector>\n");
         write("addin/core/Arc.cpp", "#include \"core/Arc.h\"\n");
+        write("addin/openglplotter/gcode_preview.cmake",
+              "add_library(gcode_preview ${here}/Point3d.h)");
+        write("addin/openglplotter/Point3d.h", "#include <QVector>\n#include <vector>\n");
+        write("addin/openglplotter/OGLWindow.h",
+              "#include <QGLWidget>\n#include \"openglplotter/Point3d.h\"\n");
         write("addin/core/GCodeWidget.h", "#include <QWidget>\n#include \"Arc.h\"\n");
         write("addin/Logger.h", "#include <GL/gl.h>\n#include <kx/kxLine.h>\n");
         write("sdk/include/kx/kxString.h", "#include <string>\n#include <kx/kxExport.h>\n");
@@ -75,7 +80,7 @@ TEST_F(PlantedTree, isCleanAsItStands) {
 
 TEST_F(PlantedTree, complaintNamesFileLineAndLayers) {
     EXPECT_THAT(plant("addin/core/Arc.h", "<QString>"),
-                ElementsAre("addin/core/Arc.h:3: gcode_core must not include QString (qt)"));
+                ElementsAre("addin/core/Arc.h:3: gcode_core must not include QString (qtvalue)"));
 }
 
 TEST_F(PlantedTree, includesInOtherSpellingsAreSeen) {
@@ -128,6 +133,10 @@ INSTANTIATE_TEST_SUITE_P(
         Planted{"coreTakesPanel", "addin/core/Arc.h", "\"core/GCodeWidget.h\""},
         Planted{"coreTakesPanelBesideIt", "addin/core/Arc.cpp", "\"GCodeWidget.h\""},
         Planted{"coreTakesLogger", "addin/core/Arc.h", "\"../Logger.h\""},
+        Planted{"previewTakesWindow", "addin/openglplotter/Point3d.h", "<QWidget>"},
+        Planted{"previewTakesView", "addin/openglplotter/Point3d.h", "\"OGLWindow.h\""},
+        Planted{"previewTakesInterface", "addin/openglplotter/Point3d.h", "<kx/kxLine.h>"},
+        Planted{"previewTakesCore", "addin/openglplotter/Point3d.h", "\"core/Arc.h\""},
         Planted{"panelTakesHostHeader", "addin/core/GCodeWidget.h", "<kx/host/kxHostDocument.h>"},
         Planted{"panelTakesDrawing", "addin/core/GCodeWidget.h", "\"drawing/Reader.h\""},
         Planted{"panelTakesDrawingByPath", "addin/core/GCodeWidget.h",
