@@ -45,7 +45,8 @@ float pannedOffset(float pending, int delta, float size) {
 }
 
 float wheelStep(int delta) {
-    return static_cast<float>(delta / 8) / kWheelStepsPerScale;
+    const int wholeEighths = delta / 8;
+    return static_cast<float>(wholeEighths) / kWheelStepsPerScale;
 }
 
 double zoomedByVerticalWheel(double scale, int delta) {
