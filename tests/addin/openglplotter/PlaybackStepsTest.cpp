@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -17,9 +18,17 @@ const QMatrix4x4 kIdentity;
 const float kInfinity = std::numeric_limits<float>::infinity();
 const float kNan = std::numeric_limits<float>::quiet_NaN();
 
+/// NaNs count as the same: which of two goes on through a sum is up to the compiler.
+bool sameBits(float a, float b) {
+    return std::memcmp(&a, &b, sizeof a) == 0 || (std::isnan(a) && std::isnan(b));
+}
+
 bool sameBits(const std::vector<Point3d>& a, const std::vector<Point3d>& b) {
-    return a.size() == b.size() &&
-           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(Point3d)) == 0);
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const Point3d& left, const Point3d& right) {
+                          return sameBits(left.x, right.x) && sameBits(left.y, right.y) &&
+                                 sameBits(left.z, right.z);
+                      });
 }
 
 /// The steps of a segment word for word.
