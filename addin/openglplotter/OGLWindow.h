@@ -71,6 +71,7 @@ private:
     void uploadBuffers(const QVector<Color>& pathColors);
     std::vector<Point3d> GetPoint3dFromArray(const std::vector<float>& figure) const;
     static void GetFloatMatrixfromQt(const QMatrix4x4& matrix, float* values);
+    float cursorUnits(float pixels) const;
     void CalculateNDC(float x, float y);
     void turnBy(const QPoint& drag, const QPoint& position);
     void panBy(const QPoint& drag);

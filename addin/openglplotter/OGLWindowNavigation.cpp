@@ -25,9 +25,14 @@ void OGLWindow::ZoomToFit() {
     requestFrame();
 }
 
+/// Cursor positions count in units of which a screen of high resolution has several pixels in one.
+float OGLWindow::cursorUnits(float pixels) const {
+    return pixels / static_cast<float>(devicePixelRatioF());
+}
+
 void OGLWindow::CalculateNDC(float x, float y) {
-    m_xndc = deviceCoordinate(x, m_width);
-    m_yndc = deviceCoordinate(y, m_height);
+    m_xndc = deviceCoordinate(x, cursorUnits(m_width));
+    m_yndc = deviceCoordinate(y, cursorUnits(m_height));
 }
 
 void OGLWindow::mousePressEvent(QMouseEvent* event) {
@@ -52,15 +57,16 @@ void OGLWindow::mouseMoveEvent(QMouseEvent* event) {
 void OGLWindow::turnBy(const QPoint& drag, const QPoint& position) {
     alpha = turnedAlpha(alpha, drag.x());
     beta = tiltedBeta(beta, drag.y());
-    CalculateNDC(static_cast<float>(position.x()), m_height - static_cast<float>(position.y()));
+    CalculateNDC(static_cast<float>(position.x()),
+                 cursorUnits(m_height) - static_cast<float>(position.y()));
     // Turning is about the model's origin: the centre of the last zoom is dropped.
     m_lastMousePositionInModelCoordinate = QVector3D();
     requestFrame();
 }
 
 void OGLWindow::panBy(const QPoint& drag) {
-    m_translateX = pannedOffset(m_translateX, drag.x(), m_width);
-    m_translateY = pannedOffset(m_translateY, drag.y(), m_height);
+    m_translateX = pannedOffset(m_translateX, drag.x(), cursorUnits(m_width));
+    m_translateY = pannedOffset(m_translateY, drag.y(), cursorUnits(m_height));
     requestFrame();
 }
 
@@ -75,7 +81,8 @@ void OGLWindow::wheelEvent(QWheelEvent* event) {
     m_scale = std::abs(turn.x()) > std::abs(turn.y()) ? zoomedByHorizontalWheel(m_scale, turn.x())
                                                       : zoomedByVerticalWheel(m_scale, turn.y());
     event->accept();
-    CalculateNDC(static_cast<float>(position.x()), m_height - static_cast<float>(position.y()));
+    CalculateNDC(static_cast<float>(position.x()),
+                 cursorUnits(m_height) - static_cast<float>(position.y()));
     m_lastMousePositionInModelCoordinate =
         modelPointAt({static_cast<double>(m_xndc), static_cast<double>(m_yndc)}, mMatrix, pMatrix);
     requestFrame();

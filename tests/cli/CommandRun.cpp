@@ -6,11 +6,10 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 
-CommandRun runProgram(const QStringList& arguments, const QString& locale) {
+namespace {
+
+CommandRun runIn(const QProcessEnvironment& environment, const QStringList& arguments) {
     QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("LOCPATH", KX_COMMA_LOCALES);
-    environment.insert("LC_ALL", locale);
     process.setProcessEnvironment(environment);
     process.start(KX_PROGRAM, arguments);
     CommandRun run;
@@ -21,6 +20,23 @@ CommandRun runProgram(const QStringList& arguments, const QString& locale) {
     run.output = process.readAllStandardOutput();
     run.messages = process.readAllStandardError();
     return run;
+}
+
+}  // namespace
+
+CommandRun runProgram(const QStringList& arguments, const QString& locale) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LOCPATH", KX_COMMA_LOCALES);
+    environment.insert("LC_ALL", locale);
+    return runIn(environment, arguments);
+}
+
+CommandRun runWithoutDisplay(const QStringList& arguments) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("DISPLAY");
+    environment.remove("WAYLAND_DISPLAY");
+    environment.remove("QT_QPA_PLATFORM");
+    return runIn(environment, arguments);
 }
 
 QStringList toolPathSettings() {
