@@ -9,6 +9,7 @@
 #include <QStackedWidget>
 #include <QTextEdit>
 
+#include "core/PanelControls.h"
 #include "core/PanelResources.h"
 #include "core/UnitText.h"
 #include "ui_GCode.h"
@@ -87,7 +88,7 @@ void GCodeWidget::SetActiveDrawingUnit(long activetDrawingUnit) {
 }
 
 void GCodeWidget::SetDrawingUnit() {
-    std::string preamble = textEdit->toPlainText().toStdString();
+    std::string preamble = typedText(textEdit);
     if (mmRadioButton->isChecked()) {
         preamble = GCode::textInMillimetres(preamble);
     }

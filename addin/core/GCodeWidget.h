@@ -104,6 +104,7 @@ private:
     void SetParams();
     long countSelection(const kxSelectionManager_ptr& manager, kxSelectionSetType_e set);
     void findSelection();
+    void printLine(const QString& line) const;
     bool isDrillSelectionValid() const;
     void ProcessEntities();
     void GeneratePreamble();
@@ -132,6 +133,7 @@ private:
     int m_currentIndexDrillCycleComboBox = 0;
     kxSelectionSetType_e m_SelectionType = kxSelectionSetType_Current;
     bool m_isCurrent = true;
+    bool m_isGenerating = false;
 
     QButtonGroup* categoryButton = nullptr;
     QList<QTreeWidgetItem*> categoryGroup;

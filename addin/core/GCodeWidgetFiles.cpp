@@ -3,18 +3,49 @@
 // The panel's file and help buttons.
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTextEdit>
 
 #include "core/GCodeWidget.h"
 #include "core/HelpAddress.h"
 #include "core/OutputFiles.h"
+#include "core/PanelControls.h"
 #include "miscellaneous.h"
 
+namespace {
+
+/// A question that can be closed without an answer, where the toolkit would take No.
+class QuestionBox : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void closeEvent(QCloseEvent* /*event*/) override { done(kNoAnswer); }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::Cancel)) {
+            done(kNoAnswer);
+        } else {
+            QMessageBox::keyPressEvent(event);
+        }
+    }
+
+private:
+    static constexpr int kNoAnswer = -1;
+};
+
+}  // namespace
+
 void GCodeWidget::SaveGCode() {
+    // The host may be closed while a dialog is open, and the panel with it.
+    const QPointer<GCodeWidget> self(this);
     const QString path =
         QFileDialog::getSaveFileName(widget, tr("Save File"), QString::fromLatin1("untitled.txt"),
                                      tr("Text file(*.txt);; Text file(*.ngc);; Text file(*.nc)"));
+    if (!self) {
+        return;
+    }
     // A cancelled dialog gives an empty path: no file is written, all else happens.
     const std::string comment = commentText();
     const std::string program = m_gcodeBuffer.str();
@@ -27,23 +58,28 @@ void GCodeWidget::SaveGCode() {
 }
 
 void GCodeWidget::AppendFile() {
-    const QMessageBox::StandardButton answer = QMessageBox::question(
-        widget, tr("Append File"), tr("Do you want to append to the current open file?"),
-        QMessageBox::Yes | QMessageBox::No, QMessageBox::NoButton);
-    const std::string addition = commentText() + "\n" + m_gcodeBuffer.str();
+    const QPointer<GCodeWidget> self(this);
+    QuestionBox question(QMessageBox::Question, tr("Append File"),
+                         tr("Do you want to append to the current open file?"),
+                         QMessageBox::Yes | QMessageBox::No, widget);
+    const int answer = question.exec();
+    if (!self || (answer != QMessageBox::Yes && answer != QMessageBox::No)) {
+        return;
+    }
     QString path;
     if (answer == QMessageBox::Yes) {
         // The file is rebuilt from what the last save wrote: a second Yes replaces the first one's
         // addition.
         path = m_lastSavedFile;
-        writeTextFile(path, m_lastGCodeBuffer.str() + addition);
-    } else if (answer == QMessageBox::No) {
+        writeTextFile(path, m_lastGCodeBuffer.str() + commentText() + "\n" + m_gcodeBuffer.str());
+    } else {
         path = QFileDialog::getSaveFileName(widget, tr("Append File"), QString(),
                                             tr("Text file(*.txt *.ngc *.nc)"), nullptr,
                                             QFileDialog::DontConfirmOverwrite);
-        appendTextFile(path, addition);
-    } else {
-        return;
+        if (!self) {
+            return;
+        }
+        appendTextFile(path, commentText() + "\n" + m_gcodeBuffer.str());
     }
     if (lineNumberCheckBox->isChecked()) {
         numberFileLines(path);
@@ -52,9 +88,12 @@ void GCodeWidget::AppendFile() {
 }
 
 void GCodeWidget::SelectFilePreview() {
+    const QPointer<GCodeWidget> self(this);
     const QString path = QFileDialog::getOpenFileName(widget, tr("Preview File"), QString(),
                                                       tr("Text file(*.txt *.ngc *.nc)"));
-    emit GCodeGenFinish(readProgramFile(path));
+    if (self) {
+        emit GCodeGenFinish(readProgramFile(path));
+    }
 }
 
 void GCodeWidget::OpenHelp() {
@@ -77,5 +116,5 @@ void GCodeWidget::ClearPreviousPreview() {
 }
 
 std::string GCodeWidget::commentText() const {
-    return m_CommentTextEdit->toPlainText().toStdString();
+    return typedText(m_CommentTextEdit);
 }

@@ -3,24 +3,35 @@
 // The panel's "Generate": from the host's selection to the program's text.
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTextEdit>
 
 #include "core/DeltaFunction.h"
 #include "core/GCodeWidget.h"
 #include "core/HostSelection.h"
+#include "core/PanelControls.h"
 #include "core/PathOrder.h"
 #include "miscellaneous.h"
 
 void GCodeWidget::GenerateGCode() {
+    // The prompt lets the user go on working, with this button too.
+    if (m_isGenerating) {
+        return;
+    }
     SetParams();
     m_gcodeBuffer.str(std::string());
     m_gcodeBuffer.clear();
     m_isCurrent = true;
     if (m_application != nullptr) {
+        const QPointer<GCodeWidget> self(this);
+        m_isGenerating = true;
         findSelection();
+        if (!self) {
+            return;
+        }
+        m_isGenerating = false;
         if (m_currentIndex == 1 && !isDrillSelectionValid()) {
-            m_application->GetCommandMessage()->PrintLine(
-                q2d(tr("Only circles or points are valid for drill cycle ")));
+            printLine(tr("Only circles or points are valid for drill cycle "));
             return;
         }
     }
@@ -42,16 +53,31 @@ void GCodeWidget::findSelection() {
     m_isCurrent = false;
     // Cancelled or not: what the previous set holds afterwards is used.
     bool selected = false;
-    m_application->GetCommandMessage()->PromptForSelection(
-        false, q2d(tr("Select one or more entities")), kxString(), &selected);
-    countSelection(manager, kxSelectionSetType_Previous);
+    const kxCommandMessage_ptr commandLine = m_application->GetCommandMessage();
+    const QPointer<GCodeWidget> self(this);
+    if (commandLine) {
+        commandLine->PromptForSelection(false, q2d(tr("Select one or more entities")), kxString(),
+                                        &selected);
+    }
+    // The host may have been closed in the prompt, and the panel with it.
+    if (self) {
+        countSelection(manager, kxSelectionSetType_Previous);
+    }
 }
 
 long GCodeWidget::countSelection(const kxSelectionManager_ptr& manager, kxSelectionSetType_e set) {
     const long count = selectedObjectCount(manager, set);
-    m_application->GetCommandMessage()->PrintLine(q2d(tr("Selected objects: %1 ").arg(count)));
+    printLine(tr("Selected objects: %1 ").arg(count));
     m_SelectionType = set;
     return count;
+}
+
+void GCodeWidget::printLine(const QString& line) const {
+    const kxCommandMessage_ptr commandLine =
+        m_application != nullptr ? m_application->GetCommandMessage() : kxCommandMessage_ptr();
+    if (commandLine) {
+        commandLine->PrintLine(q2d(line));
+    }
 }
 
 bool GCodeWidget::isDrillSelectionValid() const {
@@ -110,12 +136,12 @@ void GCodeWidget::ProcessEntities() {
 }
 
 void GCodeWidget::GeneratePreamble() {
-    const std::string typed = textEdit->toPlainText().toStdString();
+    const std::string typed = typedText(textEdit);
     m_gcodeBuffer << GCode::preambleText(typed, motionMode(), m_startPoint);
 }
 
 void GCodeWidget::GeneratePostamble() {
-    m_gcodeBuffer << GCode::postambleText(postambleTextEdit->toPlainText().toStdString());
+    m_gcodeBuffer << GCode::postambleText(typedText(postambleTextEdit));
 }
 
 void GCodeWidget::GenerateToolPath() {

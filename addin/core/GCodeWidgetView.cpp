@@ -10,7 +10,6 @@
 #include "core/GCodeWidget.h"
 #include "core/PanelControls.h"
 #include "core/QtCategoryButton.h"
-#include "miscellaneous.h"
 #include "openglplotter/OGLWindow.h"
 
 namespace {
@@ -86,9 +85,5 @@ void GCodeWidget::SimulateButtonClicked() {
 }
 
 void GCodeWidget::printPreviewStopped(qlonglong points) {
-    const kxCommandMessage_ptr commandLine =
-        m_application != nullptr ? m_application->GetCommandMessage() : kxCommandMessage_ptr();
-    if (commandLine) {
-        commandLine->PrintLine(q2d(tr("Preview stopped at %1 points ").arg(points)));
-    }
+    printLine(tr("Preview stopped at %1 points ").arg(points));
 }

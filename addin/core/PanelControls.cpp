@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QSvgRenderer>
+#include <QTextDocument>
 #include <QTextEdit>
 
 #include "core/PanelResources.h"
@@ -48,6 +49,17 @@ QTextEdit* createTextBox(const QString& name, int maximumHeight, QWidget* parent
     box->setAcceptRichText(false);
     box->setTabChangesFocus(true);
     return box;
+}
+
+std::string typedText(const QTextEdit* box) {
+    QString text = box->document()->toRawText();
+    for (QChar& character : text) {
+        // Ends of paragraphs and of lines within them.
+        if (character == QChar::ParagraphSeparator || character == QChar::LineSeparator) {
+            character = QLatin1Char('\n');
+        }
+    }
+    return text.toStdString();
 }
 
 QComboBox* createComboBox(const QString& name, const QStringList& items, QWidget* parent) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
 #include <utility>
 
 #include <QString>
@@ -19,6 +20,10 @@ class QWidget;
 
 /// A text box of at most `maximumHeight`. Plain text only: what is typed goes into the program.
 QTextEdit* createTextBox(const QString& name, int maximumHeight, QWidget* parent);
+
+/// What was typed into a text box, as UTF-8 with line feeds. Unlike the box's own plain text it
+/// keeps no-break spaces.
+std::string typedText(const QTextEdit* box);
 
 QComboBox* createComboBox(const QString& name, const QStringList& items, QWidget* parent);
 

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: MIT
 // "Save", "Append" and "Select file", through their dialogs.
+#include <QApplication>
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTextEdit>
 
 #include "DialogDriver.h"
@@ -273,6 +275,29 @@ TEST_F(PanelFiles, AnyOtherAnswerToAppendDoesNothing) {
     click("appendPushButton");
     EXPECT_EQ(bytes("a.txt"), kProgram);
     EXPECT_EQ(programCount(), 1U);
+}
+
+TEST_F(PanelFiles, AppendsQuestionThatIsClosedDoesNothing) {
+    generate();
+    save("a.txt");
+    for (const bool byKey : {true, false}) {
+        QTimer::singleShot(0, [byKey] {
+            QWidget* question = QApplication::activeModalWidget();
+            byKey ? QTest::keyClick(question, Qt::Key_Escape)
+                  : static_cast<void>(question->close());
+        });
+        panel().AppendFile();
+    }
+    EXPECT_EQ(bytes("a.txt"), kProgram);
+    EXPECT_EQ(programCount(), 1U);
+}
+
+TEST_F(PanelFiles, NoBreakSpacesStayWhatTheyAre) {
+    textBox("textEdit")
+        ->setPlainText(QString::fromUtf8("a\xC2\xA0"
+                                         "b"));
+    EXPECT_THAT(generate(), testing::StartsWith("a\xC2\xA0"
+                                                "b\n"));
 }
 
 TEST_F(PanelFiles, SelectFileAsksForOne) {

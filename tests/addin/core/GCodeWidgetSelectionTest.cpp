@@ -120,6 +120,32 @@ TEST_F(GenerateSelection, DrawingThatClosesDuringThePromptEndsInTheFrame) {
     EXPECT_EQ(generate(), kEmptyProgram);
 }
 
+TEST_F(GenerateSelection, GenerateDoesNothingWhileAPromptIsOpen) {
+    const kxObject_ptr object = pointObject(at(3, 4));
+    host.add({object});
+    host.answer = [&](kxHostDocument_c& /*drawing*/, std::vector<kxObject_ptr>* chosen) {
+        click("generateGCodeBtn");
+        chosen->push_back(object);
+        return true;
+    };
+    const std::string once = generate();
+    EXPECT_THAT(once, testing::HasSubstr("G0 X3 Y4 \n"));
+    EXPECT_EQ(once.find("POST"), once.rfind("POST"));
+    EXPECT_EQ(programCount(), 1U);
+    EXPECT_EQ(host.prompts.size(), 1U);
+    EXPECT_EQ(generate(), once);
+}
+
+TEST_F(GenerateSelection, HostThatClosesThePanelDuringThePromptEndsGenerating) {
+    auto* panelOfItsOwn = new GCodeWidget(host.application(), nullptr);
+    host.answer = [&](kxHostDocument_c& /*drawing*/, std::vector<kxObject_ptr>* /*chosen*/) {
+        delete panelOfItsOwn;
+        return false;
+    };
+    panelOfItsOwn->GenerateGCode();
+    EXPECT_THAT(host.lines, testing::ElementsAre("Selected objects: 0 "));
+}
+
 TEST_F(GenerateSelection, ManagerIsThatOfTheActiveDrawing) {
     const auto first = panel().GetKXSelectionManager();
     ASSERT_TRUE(first);
