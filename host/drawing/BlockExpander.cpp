@@ -47,7 +47,7 @@ void BlockExpander::expandEntity(const Entity& entity, const Affine& root) {
     }
     ImportRow row{entity.type, entity.layer, ImportOutcome::Read, entity.convertedInto, 1, 0};
     if (const auto* shape = std::get_if<Shape>(&entity.content)) {
-        const Emitted emitted = emit(*shape, root, entity.layer);
+        const Emitted emitted = makeObjects(*shape, root, entity.layer);
         row.objects = emitted.objects;
         if (!emitted.problem.empty()) {
             row.outcome = ImportOutcome::LeftOut;
@@ -67,7 +67,7 @@ void BlockExpander::expandTopInsert(const Entity& entity, const InsertShape& ins
     const std::size_t before = m_objects.size();
     m_inside = {};
     m_overBudget = false;
-    std::string reason = expandInsert(insert, {root, entity.layer, 0});
+    std::string reason = expandInsert(insert, {root, entity.layer, isFrozen(entity.layer), 0});
     if (m_overBudget || m_objects.size() > std::max(before, m_limits.objects)) {
         m_objects.resize(before);
         reason = limitText(m_limits.objects);
@@ -105,7 +105,8 @@ std::string BlockExpander::expandInsert(const InsertShape& insert, const Placeme
     for (int row = 0; row < insert.rows && !m_overBudget; ++row) {
         for (int column = 0; column < insert.columns && !overBudget(); ++column) {
             const Affine map = placementOf(insert, block->second.base, column, row);
-            expandBlock(block->second, {where.map * map, where.layer, where.depth + 1});
+            expandBlock(block->second,
+                        {where.map * map, where.layer, where.frozen, where.depth + 1});
         }
     }
     m_open.pop_back();
@@ -122,14 +123,16 @@ void BlockExpander::expandBlock(const Block& block, const Placement& where) {
 }
 
 void BlockExpander::expandInBlock(const Entity& entity, const Placement& where) {
-    const std::string& layer = entity.layer == "0" ? where.layer : entity.layer;
+    const bool inherits = entity.layer == "0" || where.frozen;
+    const std::string& layer = inherits ? where.layer : entity.layer;
     if (const auto* insert = std::get_if<InsertShape>(&entity.content)) {
-        const std::string problem = expandInsert(*insert, {where.map, layer, where.depth});
+        const std::string problem =
+            expandInsert(*insert, {where.map, layer, isFrozen(layer), where.depth});
         if (!problem.empty()) {
             tally(entity, layer, ImportOutcome::LeftOut, problem);
         }
     } else if (const auto* shape = std::get_if<Shape>(&entity.content)) {
-        const Emitted emitted = emit(*shape, where.map, layer);
+        const Emitted emitted = makeObjects(*shape, where.map, layer);
         if (!emitted.problem.empty()) {
             tally(entity, layer, ImportOutcome::LeftOut, emitted.problem);
         } else if (emitted.converted) {
@@ -140,6 +143,10 @@ void BlockExpander::expandInBlock(const Entity& entity, const Placement& where) 
     } else {
         tally(entity, layer, ImportOutcome::LeftOut, std::get<LeftOut>(entity.content).reason);
     }
+}
+
+bool BlockExpander::isFrozen(const std::string& layer) const {
+    return m_model.frozenLayers.count(nameKey(layer)) != 0;
 }
 
 bool BlockExpander::overBudget() {
@@ -155,8 +162,8 @@ void BlockExpander::tally(const Entity& entity, const std::string& layer, Import
     m_inside.addInBlock({entity.type, layer, outcome, detail, 1, 0});
 }
 
-BlockExpander::Emitted BlockExpander::emit(const Shape& shape, const Affine& map,
-                                           const std::string& layer) {
+BlockExpander::Emitted BlockExpander::makeObjects(const Shape& shape, const Affine& map,
+                                                  const std::string& layer) {
     Emitted result;
     m_image.clear();
     result.converted = transformShape(shape, map, &m_image);

@@ -33,6 +33,8 @@ private:
         Affine map;
         /// What replaces layer 0 inside of the block.
         std::string layer;
+        /// That layer is frozen: then it takes all that the block holds.
+        bool frozen = false;
         int depth = 0;
     };
 
@@ -42,6 +44,7 @@ private:
     std::string expandInsert(const InsertShape& insert, const Placement& where);
     void expandBlock(const Block& block, const Placement& where);
     void expandInBlock(const Entity& entity, const Placement& where);
+    bool isFrozen(const std::string& layer) const;
     bool overBudget();
     void tally(const Entity& entity, const std::string& layer, ImportOutcome outcome,
                const std::string& detail);
@@ -50,7 +53,7 @@ private:
         bool converted = false;
         long objects = 0;
     };
-    Emitted emit(const Shape& shape, const Affine& map, const std::string& layer);
+    Emitted makeObjects(const Shape& shape, const Affine& map, const std::string& layer);
 
     const DxfModel& m_model;
     ExpandLimits m_limits;

@@ -51,7 +51,11 @@ void DxfModelBuilder::addLayer(const DL_LayerData& data) {
     constexpr unsigned kFrozen = 1;
     const bool off = m_record->integer(62, 7) < 0;
     const bool frozen = (static_cast<unsigned>(data.flags) & kFrozen) != 0;
-    m_model.layers[layerIndex(decodeText(m_record->text(2)))].visible = !off && !frozen;
+    const std::string name = decodeText(m_record->text(2));
+    m_model.layers[layerIndex(name)].visible = !off && !frozen;
+    if (frozen) {
+        m_model.frozenLayers.insert(nameKey(name));
+    }
 }
 
 void DxfModelBuilder::addBlock(const DL_BlockData& data) {

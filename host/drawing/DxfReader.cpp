@@ -29,8 +29,8 @@ void noteHiddenLayers(Drawing* drawing) {
     for (const kxObject_ptr& object : drawing->objects) {
         count += hidden.count(object->GetLayer()) != 0 ? 1 : 0;
     }
-    drawing->report.addNote(std::to_string(hidden.size()) + " hidden layers with " +
-                            std::to_string(count) + " objects");
+    drawing->report.addNote("hidden layers: " + std::to_string(hidden.size()) +
+                            ", objects on them: " + std::to_string(count));
 }
 
 ReadResult readChecked(const std::string& path, const ReadOptions& options) {

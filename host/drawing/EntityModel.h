@@ -4,6 +4,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -71,6 +72,8 @@ struct DxfModel {
     /// By name in capital letters: block names have no case.
     std::map<std::string, Block> blocks;
     std::vector<kxLayer> layers;
+    /// By name in capital letters: an insert on one of these hides all of its block.
+    std::set<std::string> frozenLayers;
     std::optional<int> insertUnits;
     std::optional<int> measurement;
 };
