@@ -8,6 +8,7 @@
 
 #include "AddinFile.h"
 #include "ExitCode.h"
+#include "FileNames.h"
 #include "OffscreenHost.h"
 #include "PanelDriver.h"
 #include "Summary.h"
@@ -80,7 +81,12 @@ int Generation::run() {
 }
 
 int Generation::readTexts() {
-    std::string error;
+    std::string error = clashOfFiles({m_options.drawing, m_options.preambleFile,
+                                      m_options.postscriptFile, m_options.settingsFile},
+                                     {m_options.output, m_options.preview});
+    if (!error.empty()) {
+        return fail(kExitWrongUsage, error);
+    }
     if (!m_options.preambleFile.empty()) {
         m_preamble = readTextFile(m_options.preambleFile, &error);
     }
@@ -103,9 +109,13 @@ int Generation::readDrawing() {
     for (const std::string& note : m_drawing.report.notes()) {
         tell(note);
     }
-    const long leftOut = m_drawing.report.totals().leftOut;
+    long leftOut = m_drawing.report.totals().leftOut;
+    for (const kxdrawing::ImportRow& row : m_drawing.report.rowsInBlocks()) {
+        leftOut += row.outcome == kxdrawing::ImportOutcome::LeftOut ? row.count : 0;
+    }
     if (leftOut > 0) {
-        warn(std::to_string(leftOut) + " entities of the drawing were left out; --report says why");
+        warn("left out of the drawing: " + std::to_string(leftOut) +
+             "; --report says what and why");
     }
     return kExitWritten;
 }
@@ -129,7 +139,11 @@ int Generation::connectAddin() {
 
 int Generation::selectObjects() {
     kxdrawing::ObjectFilter filter;
-    filter.layers.assign(m_options.layers.begin(), m_options.layers.end());
+    std::string unknown;
+    filter.layers = layersOf(m_document->GetLayers(), m_options.layers, &unknown);
+    if (!unknown.empty()) {
+        return fail(kExitNothingToWrite, m_options.drawing + ": " + unknown);
+    }
     for (const std::string& type : m_options.types) {
         for (const kxObjectType_e code : {kxLineType, kxCircleArcType, kxCircleType, kxPointType}) {
             if (typeName(code) == type) {
@@ -209,6 +223,10 @@ int Generation::makeProgram() {
                     "drilled");
     }
     const QTemporaryDir folder;
+    if (!folder.isValid()) {
+        return fail(kExitUnwritableOutput, "no folder for temporary files (TMPDIR): " +
+                                               folder.errorString().toStdString());
+    }
     const std::optional<QByteArray> program =
         m_panel->save(folder.filePath(QString::fromLatin1("program.nc")));
     if (!program) {
@@ -224,15 +242,15 @@ int Generation::writeProgram() const {
     if (!writeOutput(m_options.output, m_program, &error)) {
         return fail(kExitUnwritableOutput, error);
     }
+    if (!m_options.output.empty() && m_options.output != "-") {
+        tell("Written: " + m_options.output + ", " + std::to_string(m_program.count('\n')) +
+             " lines");
+    }
     if (!m_options.preview.empty()) {
         if (!writeViewPicture(m_host.pane(), m_options.preview, &error)) {
             return fail(kExitUnwritableOutput, error);
         }
         tell("Written: " + m_options.preview);
-    }
-    if (!m_options.output.empty() && m_options.output != "-") {
-        tell("Written: " + m_options.output + ", " + std::to_string(m_program.count('\n')) +
-             " lines");
     }
     return kExitWritten;
 }

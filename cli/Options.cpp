@@ -3,10 +3,12 @@
 #include "Options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <fstream>
 #include <iostream>
-#include <map>
+#include <memory>
 
 #include "ExitCode.h"
 #include "Version.h"
@@ -36,61 +38,111 @@ std::string checkNotNegative(const std::string& text) {
     return value && *value >= 0 ? std::string() : "'" + text + "' is not a number of at least 0";
 }
 
-const CLI::Validator kNumber(checkNumber, "NUMBER");
-const CLI::Validator kPositive(checkPositive, "NUMBER>0");
-const CLI::Validator kNotNegative(checkNotNegative, "NUMBER>=0");
+// Without descriptions of their own: the help would print them beside the options' types.
+const CLI::Validator kNumber(checkNumber, "");
+const CLI::Validator kPositive(checkPositive, "");
+const CLI::Validator kNotNegative(checkNotNegative, "");
 
+/// A settings file as CLI11 reads it, without a byte order mark.
+class SettingsFile : public CLI::ConfigTOML {
+public:
+    std::vector<CLI::ConfigItem> from_config(std::istream& input) const override {
+        constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+        std::string start(3, '\0');
+        input.read(start.data(), 3);
+        if (input.gcount() != 3 || start != kByteOrderMark) {
+            input.clear();
+            input.seekg(0);
+        }
+        return CLI::ConfigTOML::from_config(input);
+    }
+};
+
+/// Accepts the given words only, and names them.
+CLI::Validator oneOf(const std::vector<std::string>& words) {
+    const std::string all = CLI::detail::join(words, ", ");
+    return CLI::Validator(
+        [words, all](std::string& given) {
+            const bool known = std::find(words.begin(), words.end(), given) != words.end();
+            return known ? std::string() : "'" + given + "' is none of " + all;
+        },
+        "");
+}
+
+/// Makes letters small before they are compared.
+CLI::Validator lowered() {
+    return CLI::Validator(
+        [](std::string& given) {
+            given = CLI::detail::to_lower(given);
+            return std::string();
+        },
+        "");
+}
+
+/// An option that takes one of some words, in any case.
 template <class Enum>
-CLI::CheckedTransformer choice(const std::map<std::string, Enum>& names) {
-    return CLI::CheckedTransformer(names, CLI::ignore_case);
+void addChoice(CLI::App& app, const std::string& name, Enum& value,
+               const std::vector<std::pair<std::string, Enum>>& words, const std::string& text) {
+    std::vector<std::string> names;
+    for (const auto& word : words) {
+        names.push_back(word.first);
+    }
+    const auto take = [&value, words](const std::string& given) {
+        for (const auto& [word, meaning] : words) {
+            if (word == given) {
+                value = meaning;
+            }
+        }
+    };
+    app.add_option_function<std::string>(name, take, text)
+        ->type_name(CLI::detail::join(names, "|"))
+        ->check(oneOf(names))
+        ->transform(lowered());
 }
 
 void addSelection(CLI::App& app, Options& options) {
     app.add_option("--layer", options.layers, "Take only the objects of this layer (repeatable)")
-        ->type_name("NAME");
-    app.add_option("--type", options.types,
-                   "Take only objects of this type: line, arc, circle, point (repeatable)")
-        ->type_name("TYPE")
-        ->check(CLI::IsMember({"line", "arc", "circle", "point"}));
+        ->type_name("NAME")
+        ->allow_extra_args(false);
+    app.add_option("--type", options.types, "Take only objects of this type (repeatable)")
+        ->type_name("line|arc|circle|point")
+        ->allow_extra_args(false)
+        ->check(oneOf({"line", "arc", "circle", "point"}))
+        ->transform(lowered());
     app.add_flag("--explode,!--no-explode", options.explode,
                  "Turn polylines, ellipses and splines into lines and arcs (default)");
     app.add_option("--tolerance", options.tolerance,
                    "Chord tolerance of ellipses and splines in drawing units")
-        ->type_name("NUMBER>0")
+        ->type_name("NUMBER")
         ->check(kPositive)
         ->capture_default_str();
 }
 
 void addProgram(CLI::App& app, Options& options) {
-    app.add_option("--mode", options.mode, "What the program does: toolpath (default) or drill")
-        ->type_name("MODE")
-        ->transform(choice<Mode>({{"toolpath", Mode::ToolPath}, {"drill", Mode::Drill}}));
-    app.add_option("--cycle", options.cycle, "Drill cycle: g81 (default), g82 or g83")
-        ->type_name("CYCLE")
-        ->transform(choice<Cycle>({{"g81", Cycle::G81}, {"g82", Cycle::G82}, {"g83", Cycle::G83}}));
-    app.add_option("--motion", options.motion, "Coordinates: absolute (default) or relative")
-        ->type_name("MOTION")
-        ->transform(
-            choice<Motion>({{"absolute", Motion::Absolute}, {"relative", Motion::Relative}}));
-    app.add_option("--unit", options.unit,
-                   "Unit of the program: mm or inch (default the drawing's)")
-        ->type_name("UNIT")
-        ->transform(choice<Unit>({{"mm", Unit::Millimetre}, {"inch", Unit::Inch}}));
+    addChoice<Mode>(app, "--mode", options.mode,
+                    {{"toolpath", Mode::ToolPath}, {"drill", Mode::Drill}},
+                    "What the program does (default toolpath)");
+    addChoice<Cycle>(app, "--cycle", options.cycle,
+                     {{"g81", Cycle::G81}, {"g82", Cycle::G82}, {"g83", Cycle::G83}},
+                     "Drill cycle (default g81)");
+    addChoice<Motion>(app, "--motion", options.motion,
+                      {{"absolute", Motion::Absolute}, {"relative", Motion::Relative}},
+                      "Coordinates (default absolute)");
+    addChoice<std::optional<Unit>>(app, "--unit", options.unit,
+                                   {{"mm", Unit::Millimetre}, {"inch", Unit::Inch}},
+                                   "Unit of the program (default the drawing's)");
     app.add_option("--preamble", options.preambleFile, "Text file for the program's beginning")
         ->type_name("FILE");
     app.add_option("--postscript", options.postscriptFile, "Text file for the program's end")
         ->type_name("FILE");
-    app.add_option("--comment", options.comment, "Text of the first line")->type_name("TEXT");
+    app.add_option("--comment", options.comment, "Text before the program")->type_name("TEXT");
     app.add_flag("--line-numbers", options.lineNumbers, "Number the lines: N5, N10, ...");
 }
 
 void addHeightsAndFeeds(CLI::App& app, Options& options) {
     const auto add = [&app](const char* name, std::string& value, const char* text,
                             const CLI::Validator& check, const char* group) {
-        app.add_option(name, value, text)
-            ->type_name(check.get_description())
-            ->check(check)
-            ->group(group);
+        app.add_option(name, value, text)->type_name("NUMBER")->check(check)->group(group);
     };
     const char* const path = "Tool path (all needed)";
     add("--safe-height", options.safeHeight, "Z to lift to at feed, and to plunge from", kNumber,
@@ -129,8 +181,33 @@ void addEverything(CLI::App& app, Options& options) {
     addAddin(app, options.addin);
     app.set_config("--config", "", "Settings file (TOML) with any of these options")
         ->type_name("FILE");
+    app.config_formatter(std::make_shared<SettingsFile>());
     app.allow_config_extras(CLI::config_extras_mode::error);
     app.set_version_flag("--version", std::string("kxgcode ") + kVersion);
+}
+
+/// The number of the first line of a file that begins with a word; 0 when none does.
+int lineOf(const std::string& file, const std::string& word) {
+    std::ifstream in(file);
+    std::string line;
+    for (int number = 1; std::getline(in, line); ++number) {
+        if (line.compare(line.find_first_not_of(" \t\xEF\xBB\xBF") % (line.size() + 1), word.size(),
+                         word) == 0) {
+            return number;
+        }
+    }
+    return 0;
+}
+
+/// Names file, line and cause of what a settings file holds that no option takes.
+int settingsFailure(const CLI::App& app, const CLI::Error& error) {
+    const std::string file = app.get_config_ptr()->as<std::string>();
+    const std::string what = error.what();
+    const std::string item = what.substr(what.rfind(' ') + 1);
+    const int line = lineOf(file, item);
+    std::cerr << "kxgcode: " << file << (line > 0 ? ":" + std::to_string(line) : "") << ": '"
+              << item << "' is no setting\n";
+    return kExitUnreadableInput;
 }
 
 /// The exit code to end with at once, after what is to be said was printed; else nothing.
@@ -143,6 +220,8 @@ std::optional<int> parse(CLI::App& app, int argc, char** argv) {
     } catch (const CLI::FileError& error) {
         std::cerr << "kxgcode: " << error.what() << "\n";
         return kExitUnreadableInput;
+    } catch (const CLI::ConfigError& error) {
+        return settingsFailure(app, error);
     } catch (const CLI::Error& error) {
         std::cerr << "kxgcode: " << error.what() << "\nRun kxgcode --help for the options.\n";
         return kExitWrongUsage;
@@ -181,6 +260,9 @@ Parsed<Options> parseOptions(int argc, char** argv) {
     parsed.exitCode = parse(app, argc, argv);
     if (parsed.exitCode) {
         return parsed;
+    }
+    if (app.get_config_ptr()->count() > 0) {
+        parsed.options.settingsFile = app.get_config_ptr()->as<std::string>();
     }
     const std::vector<std::string> missing = missingOptions(parsed.options);
     if (!missing.empty()) {

@@ -38,6 +38,8 @@ struct Options {
 
     std::string preambleFile;
     std::string postscriptFile;
+    /// The settings file that was read; empty without one.
+    std::string settingsFile;
     std::string comment;
     bool lineNumbers = false;
     bool explode = true;

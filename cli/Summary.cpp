@@ -2,6 +2,41 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "Summary.h"
 
+#include <algorithm>
+
+namespace {
+
+std::string folded(std::string text) {
+    for (char& character : text) {
+        if (character >= 'a' && character <= 'z') {
+            character = static_cast<char>(character - 'a' + 'A');
+        }
+    }
+    return text;
+}
+
+}  // namespace
+
+std::vector<kxString> layersOf(const std::vector<kxLayer>& layers,
+                               const std::vector<std::string>& names, std::string* unknown) {
+    std::vector<kxString> found;
+    for (const std::string& name : names) {
+        const auto layer = std::find_if(layers.begin(), layers.end(), [&](const kxLayer& known) {
+            return folded(known.name.toUtf8()) == folded(name);
+        });
+        if (layer != layers.end()) {
+            found.push_back(layer->name);
+            continue;
+        }
+        *unknown = "nothing to write, there is no layer " + name + "; there are:";
+        for (const kxLayer& known : layers) {
+            *unknown += " " + known.name.toUtf8();
+        }
+        return {};
+    }
+    return found;
+}
+
 bool givesToolPath(kxObjectType_e type) {
     return type == kxLineType || type == kxCircleArcType || type == kxCircleType ||
            type == kxPointType;

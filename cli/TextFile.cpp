@@ -50,6 +50,11 @@ std::optional<QString> readTextFile(const std::string& path, std::string* error)
         fail(path, file, error);
         return std::nullopt;
     }
+    if (bytes.contains('\0')) {
+        const int line = bytes.left(bytes.indexOf('\0')).count('\n') + 1;
+        *error = path + ":" + std::to_string(line) + ": a zero byte, this is no text";
+        return std::nullopt;
+    }
     if (!isUtf8(bytes)) {
         *error =
             path + ":" + std::to_string(firstBrokenLine(bytes)) + ": this line is not UTF-8 text";

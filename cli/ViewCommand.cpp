@@ -7,6 +7,7 @@
 
 #include "AddinFile.h"
 #include "ExitCode.h"
+#include "FileNames.h"
 #include "OffscreenHost.h"
 #include "PanelDriver.h"
 #include "ViewPicture.h"
@@ -21,6 +22,10 @@ int fail(int code, const std::string& cause) {
 }  // namespace
 
 int viewProgram(const ViewOptions& options) {
+    std::string clash = clashOfFiles({options.program}, {options.preview});
+    if (!clash.empty()) {
+        return fail(kExitWrongUsage, clash);
+    }
     QFile program(QString::fromStdString(options.program));
     // The panel itself passes over a file that it can't read.
     if (!program.open(QIODevice::ReadOnly)) {

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "ViewPicture.h"
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QBuffer>
@@ -9,6 +12,8 @@
 #include <QGLWidget>
 #include <QImage>
 #include <QWindow>
+#include <algorithm>
+#include <cstddef>
 
 #include "TextFile.h"
 
@@ -17,6 +22,28 @@ namespace {
 constexpr int kPaneWidth = 400;
 constexpr int kPaneHeight = 640;
 constexpr int kLongestWaitMs = 5000;
+
+/// Whether an X server listens at a display of this machine, ":99" or ":99.0".
+bool isLocalDisplayOpen(const QByteArray& display) {
+    const QByteArray number = display.mid(1).split('.').first();
+    const QByteArray path = "/tmp/.X11-unix/X" + number;
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() + 1 >= static_cast<int>(sizeof address.sun_path)) {
+        return false;
+    }
+    const int handle = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const auto connectTo = [&](const QByteArray& name) {
+        std::copy(name.begin(), name.end(), address.sun_path);
+        const auto length = offsetof(sockaddr_un, sun_path) + static_cast<std::size_t>(name.size());
+        return connect(handle, reinterpret_cast<const sockaddr*>(&address),
+                       static_cast<socklen_t>(length)) == 0;
+    };
+    // Servers listen at the file or at the same name without one (Linux, unix(7)).
+    const bool open = connectTo(QByteArray(1, '\0') + path) || connectTo(path + '\0');
+    close(handle);
+    return open;
+}
 
 QGLWidget* viewOf(QWidget* pane) {
     return pane->findChild<QGLWidget*>(QString::fromLatin1("w"));
@@ -46,8 +73,14 @@ bool waitUntilExposed(const QWidget* widget) {
 }  // namespace
 
 bool hasDisplay(std::string* error) {
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
-        *error = "a preview needs a display and there is none; run it as: xvfb-run -a kxgcode ...";
+    const QByteArray display = qgetenv("DISPLAY");
+    // The toolkit would end the program when it can't reach the display of this machine.
+    const bool reachable = !display.startsWith(':') || isLocalDisplayOpen(display);
+    const bool any = !display.isEmpty() || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (!any || !reachable) {
+        *error = "a preview needs a display and there is none" +
+                 (any ? " at " + display.toStdString() : std::string()) +
+                 "; run it as: xvfb-run -a kxgcode ...";
         return false;
     }
     return true;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include <fcntl.h>
 #include <QApplication>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -17,6 +18,16 @@ namespace {
 void showErrorsOnly(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
     if (type == QtCriticalMsg || type == QtFatalMsg) {
         std::fprintf(stderr, "kxgcode: %s\n", qUtf8Printable(text));
+    }
+}
+
+/// Takes the places of closed standard streams, so that no file that is opened later gets one and
+/// receives what is printed. What is written to them then fails, as it must.
+void occupyStandardStreams() {
+    for (int stream = 0; stream <= 2; ++stream) {
+        if (fcntl(stream, F_GETFD) == -1) {
+            open("/dev/null", stream == 0 ? O_WRONLY : O_RDONLY);
+        }
     }
 }
 
@@ -53,6 +64,7 @@ int run(const Parsed<Wanted>& parsed, int (*command)(const Wanted&), char** argv
 }  // namespace
 
 int main(int argc, char** argv) {
+    occupyStandardStreams();
     // The options are read before the toolkit takes over the locale and options of its own.
     return asksForView(argc, argv) ? run(parseViewOptions(argc, argv), &viewProgram, argv)
                                    : run(parseOptions(argc, argv), &generateProgram, argv);

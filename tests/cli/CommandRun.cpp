@@ -31,6 +31,14 @@ CommandRun runProgram(const QStringList& arguments, const QString& locale) {
     return runIn(environment, arguments);
 }
 
+CommandRun runAtDisplay(const QStringList& arguments, const QString& display) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("DISPLAY", display);
+    environment.remove("WAYLAND_DISPLAY");
+    environment.remove("QT_QPA_PLATFORM");
+    return runIn(environment, arguments);
+}
+
 CommandRun runWithoutDisplay(const QStringList& arguments) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove("DISPLAY");

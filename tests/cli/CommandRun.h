@@ -18,6 +18,9 @@ struct CommandRun {
 /// Runs the program; `locale` is the process's locale, "C" or "de_DE.utf8".
 CommandRun runProgram(const QStringList& arguments, const QString& locale = "C");
 
+/// Runs the program with another display.
+CommandRun runAtDisplay(const QStringList& arguments, const QString& display);
+
 /// Runs the program where there is no display.
 CommandRun runWithoutDisplay(const QStringList& arguments);
 

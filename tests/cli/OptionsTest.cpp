@@ -78,12 +78,30 @@ TEST(Options, TakesEachSettingFromAFileAndLetsTheCommandLineWin) {
     EXPECT_NE(overridden.output.indexOf("G01 X10 Y5 F450\n"), -1);
 }
 
+TEST(Options, TakesASettingsFileWithAByteOrderMarkAndLists) {
+    const WorkFolder work;
+    const QString config =
+        work.write("a.toml", "\xEF\xBB\xBFlayer = [\"PLATE\", \"BORE\"]\ntype = \"circle\"\n");
+    const CommandRun run =
+        runProgram(QStringList{example("flange.dxf"), "--config", config} + toolPathSettings());
+    EXPECT_EQ(run.code, 0) << run.messages.constData();
+    EXPECT_EQ(run.output.count("G03 "), 2);
+}
+
+TEST(Options, TakesOneNameForEachLayerAndType) {
+    const CommandRun run =
+        runProgram(QStringList{"--layer", "plate", "--type", "LINE", example("flange.dxf")} +
+                   toolPathSettings());
+    EXPECT_EQ(run.code, 0) << run.messages.constData();
+    EXPECT_EQ(run.output.count("G01 X"), 4);
+}
+
 TEST(Options, NamesWhatIsWrongInASettingsFile) {
     const WorkFolder work;
     const QString config = work.write("a.toml", "sped = 5\n");
     const CommandRun unknown = runProgram({example("flange.dxf"), "--config", config});
-    EXPECT_EQ(unknown.code, 1);
-    EXPECT_NE(unknown.messages.indexOf("sped"), -1) << unknown.messages.constData();
+    EXPECT_EQ(unknown.code, 2);
+    EXPECT_EQ(unknown.messages, "kxgcode: " + config.toUtf8() + ":1: 'sped' is no setting\n");
     const CommandRun missing =
         runProgram({example("flange.dxf"), "--config", work.path("none.toml")});
     EXPECT_EQ(missing.code, 2);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QFileInfo>
 
 #include "CommandRun.h"
@@ -55,6 +56,19 @@ TEST(Output, WritesToADeviceAndLeavesItADevice) {
         runProgram(QStringList{example("flange.dxf"), "-o", "/dev/null"} + toolPathSettings());
     EXPECT_EQ(run.code, 0) << run.messages.constData();
     EXPECT_FALSE(QFileInfo("/dev/null").isFile());
+}
+
+TEST(Output, IsNeverAnInputOrTwoOutputsAtOnce) {
+    const WorkFolder work;
+    const QByteArray drawing = contentOf(example("flange.dxf"));
+    const QString file = work.write("a.dxf", drawing);
+    QFile::link(file, work.path("link.nc"));
+    for (const QString& output : {file, work.path("link.nc"), work.path("./a.dxf")}) {
+        const CommandRun run = runProgram(QStringList{file, "-o", output} + toolPathSettings());
+        EXPECT_EQ(run.code, 1) << qPrintable(output);
+        EXPECT_NE(run.messages.indexOf("is an input"), -1) << run.messages.constData();
+    }
+    EXPECT_EQ(contentOf(file), drawing);
 }
 
 TEST(Output, QuietPrintsNothingWhenAllIsWell) {

@@ -68,6 +68,13 @@ TEST(Preview, NeedsADisplayAndNamesWhatGivesOne) {
     EXPECT_TRUE(contentOf(work.path("a.nc")).isEmpty());
 }
 
+TEST(Preview, NamesADisplayThatIsNotThere) {
+    const CommandRun run =
+        runAtDisplay({"view", example("flange.nc"), "--preview", "a.png"}, ":987");
+    EXPECT_EQ(run.code, 4);
+    EXPECT_NE(run.messages.indexOf("none at :987"), -1) << run.messages.constData();
+}
+
 TEST(Preview, NamesAProgramThatCantBeRead) {
     if (!hasDisplay()) {
         GTEST_SKIP() << "there is no display";

@@ -77,6 +77,15 @@ TEST(Program, NamesTheLineOfAPreambleThatIsNoText) {
     EXPECT_NE(run.messages.indexOf("begin.txt:2: "), -1) << run.messages.constData();
 }
 
+TEST(Program, IsNotCutShortByAZeroByteInThePreamble) {
+    const WorkFolder work;
+    const QString begin = work.write("begin.txt", QByteArray("M3\nG2\0G21\n", 10));
+    const CommandRun run =
+        runProgram(QStringList{example("flange.dxf"), "--preamble", begin} + toolPathSettings());
+    EXPECT_EQ(run.code, 2);
+    EXPECT_NE(run.messages.indexOf("begin.txt:2: a zero byte"), -1) << run.messages.constData();
+}
+
 TEST(Program, TakesTheUnitOfTheDrawing) {
     const WorkFolder work;
     const QByteArray inches =
@@ -132,6 +141,8 @@ TEST(Program, IsNotWrittenWithoutAnythingToCut) {
     const CommandRun layer =
         runProgram(QStringList{example("flange.dxf"), "--layer", "NONE"} + toolPathSettings());
     EXPECT_EQ(layer.code, 3);
+    EXPECT_NE(layer.messages.indexOf("there is no layer NONE; there are: PLATE BORE HOLES"), -1)
+        << layer.messages.constData();
 }
 
 TEST(Program, NamesFileLineAndCauseOfABrokenDrawing) {
