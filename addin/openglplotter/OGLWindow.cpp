@@ -63,12 +63,12 @@ void OGLWindow::InitVBO(const QString& program) {
     m_scale = 1;
     const QByteArray text = program.toUtf8();
     PreviewPath path = interpretProgram({text.constData(), static_cast<std::size_t>(text.size())});
-    const QVector<Color> colors = path.colors;
-    path.colors.clear();
+    QVector<Color> colors = std::move(path.colors);
     const std::optional<PathStop> stop = path.stop;
     takePath(std::move(path));
     if (m_vectorSize > 0 && m_positionBufferObject == kFirstBufferName) {
         uploadBuffers(colors);
+        colors = {};
         requestFrame();
     }
     if (stop) {
