@@ -6,6 +6,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDoubleValidator>
 #include <QHBoxLayout>
 #include <QIntValidator>
@@ -87,6 +88,8 @@ void limitFeed(QLineEdit* edit, QObject* owner) {
 }  // namespace
 
 void GCodeWidget::CreateUI() {
+    // Without it buttons draw their icons for a plain screen and blow them up on a finer one.
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     m_gcodeWidget->GCodeTreeWidget->setStyleSheet(QString::fromLatin1(
         "QTreeWidget {padding: 5px;} QTreeWidget::item {padding-right: 17px;}"));
     categoryButton = new QButtonGroup(this);
