@@ -140,9 +140,12 @@ TEST_F(PanelLayout, StyleSheetIsThatOfTheResourceOnPanelAndTree) {
 }
 
 TEST_F(PanelLayout, CategoriesHaveTheirTextsInOrder) {
-    const char* const titles[] = {"Comments", "Path and drill cycle",    "Preamble", "Postscript",
-                                  "Units",    "Retraction and feed rate"};
-    for (int id = 0; id < 6; ++id) {
+    ASSERT_EQ(tree()->topLevelItemCount(), 7);
+    ASSERT_EQ(child<QButtonGroup>("categoryButton")->buttons().size(), 7);
+    const char* const titles[] = {
+        "Comments", "Path and drill cycle",     "Preamble",   "Postscript",
+        "Units",    "Retraction and feed rate", "View Window"};
+    for (int id = 0; id < 7; ++id) {
         EXPECT_EQ(header(id)->text().toStdString(), titles[id]);
         EXPECT_EQ(tree()->itemWidget(tree()->topLevelItem(id), 0), header(id));
         EXPECT_EQ(child<QButtonGroup>("categoryButton")->id(header(id)), id);
@@ -150,7 +153,7 @@ TEST_F(PanelLayout, CategoriesHaveTheirTextsInOrder) {
 }
 
 TEST_F(PanelLayout, HeadersAreBoldTurnedRoundAndOfAFixedHeight) {
-    for (int id = 0; id < 6; ++id) {
+    for (int id = 0; id < 7; ++id) {
         EXPECT_TRUE(header(id)->inherits("QtCategoryButton"));
         EXPECT_TRUE(header(id)->font().bold());
         EXPECT_EQ(header(id)->font().weight(), 75);
@@ -164,7 +167,7 @@ TEST_F(PanelLayout, HeadersAreBoldTurnedRoundAndOfAFixedHeight) {
 }
 
 TEST_F(PanelLayout, HeadersArePaleBlueWithAGreyBorderBelowAMarginOfSix) {
-    for (int id = 0; id < 6; ++id) {
+    for (int id = 0; id < 7; ++id) {
         const QImage picture = header(id)->grab().toImage();
         const int middle = picture.width() / 2;
         EXPECT_EQ(picture.pixelColor(middle, 6), QColor(130, 135, 144)) << id;
@@ -175,7 +178,7 @@ TEST_F(PanelLayout, HeadersArePaleBlueWithAGreyBorderBelowAMarginOfSix) {
 }
 
 TEST_F(PanelLayout, EachCategoryHasOneChildThatCannotBeSelected) {
-    for (int id = 0; id < 6; ++id) {
+    for (int id = 0; id < 7; ++id) {
         const QTreeWidgetItem* item = tree()->topLevelItem(id);
         ASSERT_EQ(item->childCount(), 1);
         EXPECT_FALSE(item->child(0)->flags() & Qt::ItemIsSelectable);
@@ -186,7 +189,7 @@ TEST_F(PanelLayout, EachCategoryHasOneChildThatCannotBeSelected) {
 }
 
 TEST_F(PanelLayout, FramesHaveTheirStyles) {
-    for (const int id : {0, 4, 5}) {
+    for (const int id : {0, 4, 5, 6}) {
         EXPECT_EQ(frameStyle(id), "margin-bottom: 2px;");
     }
     EXPECT_THAT(frameStyle(1), HasSubstr("margin-bottom: 2px;"));
@@ -366,10 +369,12 @@ TEST_F(PanelLayout, FieldsStandBelowEachOtherInTheirOrder) {
 TEST_F(PanelLayout, ActionsAreSlotsAndTheProgramIsASignal) {
     const QMetaObject* meta = panel().metaObject();
     EXPECT_GE(meta->indexOfSignal("GCodeGenFinish(QString)"), 0);
+    EXPECT_GE(meta->indexOfSignal("Simulate(int)"), 0);
     for (const char* slot :
          {"GenerateGCode()", "SaveGCode()", "AppendFile()", "SelectFilePreview()", "OpenHelp()",
-          "ClearPreviousPreview()", "SetDrawingUnit()", "MainComboIndexChanged(int)",
-          "DrillCycleComboIndexChanged(int)", "CategoryButtonPressed(int)"}) {
+          "ClearPreviousPreview()", "SimulateButtonClicked()", "SetDrawingUnit()",
+          "MainComboIndexChanged(int)", "DrillCycleComboIndexChanged(int)",
+          "CategoryButtonPressed(int)"}) {
         EXPECT_GE(meta->indexOfSlot(slot), 0) << slot;
     }
 }
