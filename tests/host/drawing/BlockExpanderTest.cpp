@@ -248,6 +248,22 @@ TEST(BlockExpander, Layer_0_inside_of_blocks_is_the_layer_of_the_insert) {
     EXPECT_EQ(layers, (std::vector<std::string>{"TOP", "OWN", "MIDDLE", "OWN"}));
 }
 
+TEST(BlockExpander, An_insert_on_a_frozen_layer_hides_all_one_on_a_layer_that_is_off_only_its_own) {
+    TestDxf dxf;
+    dxf.tables = groups({{0, "TABLE"}, {2, "LAYER"}}) + layer("FROZEN", 1, 7) +
+                 layer("OFF", 0, -7) + groups({{0, "ENDTAB"}});
+    dxf.blocks = block("B", line("0", "0", "1", "0") + line("0", "0", "1", "0", "OWN")) +
+                 block("NEST", insert("B", "0", "0", {}, "frozen"));
+    dxf.entities = insert("B", "0", "0", {}, "FROZEN") + insert("B", "0", "0", {}, "OFF") +
+                   insert("NEST", "0", "0", {}, "SEEN");
+    std::vector<std::string> layers;
+    for (const kxObject_ptr& object : readGood(dxf.text()).objects) {
+        layers.push_back(object->GetLayer().toUtf8());
+    }
+    EXPECT_EQ(layers,
+              (std::vector<std::string>{"FROZEN", "FROZEN", "OFF", "OWN", "FROZEN", "FROZEN"}));
+}
+
 TEST(BlockExpander, A_block_that_inserts_itself_is_drawn_once) {
     const Drawing drawing = readGood(drawingOf(
         block("A", line("0", "0", "1", "0") + insert("A", "1", "1")), insert("A", "0", "0")));
