@@ -210,6 +210,11 @@ TEST_F(PanelView, ButtonsHaveTheirToolTipIconAndSize) {
     }
 }
 
+TEST_F(PanelView, IconsAreDrawnForTheScreensOwnResolution) {
+    // What lets a button ask its icon for more pixels than its size on a finer screen.
+    EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps));
+}
+
 TEST_F(PanelView, SliderGoesFromOneToTenAndTracks) {
     EXPECT_EQ(slider()->orientation(), Qt::Horizontal);
     EXPECT_EQ(slider()->minimum(), 1);
