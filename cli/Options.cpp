@@ -186,13 +186,22 @@ void addEverything(CLI::App& app, Options& options) {
     app.set_version_flag("--version", std::string("kxgcode ") + kVersion);
 }
 
-/// The number of the first line of a file that begins with a word; 0 when none does.
-int lineOf(const std::string& file, const std::string& word) {
+/// The text before the first "=" without blanks around it and without a byte order mark.
+std::string keyOf(const std::string& line) {
+    constexpr char kAround[] = " \t\xEF\xBB\xBF";
+    const std::string key = line.substr(0, line.find('='));
+    const std::size_t begin = key.find_first_not_of(kAround);
+    return begin == std::string::npos
+               ? ""
+               : key.substr(begin, key.find_last_not_of(kAround) - begin + 1);
+}
+
+/// The number of the line of a settings file that sets a key; 0 when none does.
+int lineOf(const std::string& file, const std::string& key) {
     std::ifstream in(file);
     std::string line;
     for (int number = 1; std::getline(in, line); ++number) {
-        if (line.compare(line.find_first_not_of(" \t\xEF\xBB\xBF") % (line.size() + 1), word.size(),
-                         word) == 0) {
+        if (keyOf(line) == key) {
             return number;
         }
     }

@@ -98,10 +98,10 @@ TEST(Options, TakesOneNameForEachLayerAndType) {
 
 TEST(Options, NamesWhatIsWrongInASettingsFile) {
     const WorkFolder work;
-    const QString config = work.write("a.toml", "sped = 5\n");
+    const QString config = work.write("a.toml", "depth = -1\n\n  sped = 5\n");
     const CommandRun unknown = runProgram({example("flange.dxf"), "--config", config});
     EXPECT_EQ(unknown.code, 2);
-    EXPECT_EQ(unknown.messages, "kxgcode: " + config.toUtf8() + ":1: 'sped' is no setting\n");
+    EXPECT_EQ(unknown.messages, "kxgcode: " + config.toUtf8() + ":3: 'sped' is no setting\n");
     const CommandRun missing =
         runProgram({example("flange.dxf"), "--config", work.path("none.toml")});
     EXPECT_EQ(missing.code, 2);

@@ -41,7 +41,7 @@ public:
     void cancelFile();
     /// Clicks a button of a message box.
     void press(QMessageBox::StandardButton button);
-    /// Closes a message box without any of its buttons.
+    /// Ends a message box with an answer that none of its buttons gives.
     void dismiss();
 
     const SeenDialog& seen(std::size_t index) const { return m_seen.at(index); }

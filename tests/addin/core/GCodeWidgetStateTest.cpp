@@ -123,25 +123,25 @@ TEST_F(PanelState, CombosAreUsedWithTheKeyboard) {
 
 TEST_F(PanelState, EveryCategoryStartsExpandedWithTheExpandedIcon) {
     ASSERT_NE(pictureOf("expanded"), pictureOf("collapsed"));
-    for (int id = 0; id < 6; ++id) {
+    for (int id = 0; id < 7; ++id) {
         EXPECT_TRUE(category(id)->isExpanded()) << id;
         EXPECT_EQ(pictureOf(*header(id)), pictureOf("expanded")) << id;
     }
 }
 
 TEST_F(PanelState, ClickOnAHeaderCollapsesItsCategoryOnly) {
-    for (int id = 0; id < 6; ++id) {
+    for (int id = 0; id < 7; ++id) {
         QTest::mouseClick(header(id), Qt::LeftButton);
         EXPECT_FALSE(category(id)->isExpanded()) << id;
         EXPECT_EQ(pictureOf(*header(id)), pictureOf("collapsed")) << id;
-        for (int other = id + 1; other < 6; ++other) {
+        for (int other = id + 1; other < 7; ++other) {
             EXPECT_TRUE(category(other)->isExpanded()) << id << ' ' << other;
         }
     }
 }
 
 TEST_F(PanelState, SecondClickOnAHeaderExpandsItAgainWithTheExpandedIcon) {
-    for (int id = 0; id < 6; ++id) {
+    for (int id = 0; id < 7; ++id) {
         QTest::mouseClick(header(id), Qt::LeftButton);
         QTest::mouseClick(header(id), Qt::LeftButton);
         EXPECT_TRUE(category(id)->isExpanded()) << id;
@@ -152,7 +152,7 @@ TEST_F(PanelState, SecondClickOnAHeaderExpandsItAgainWithTheExpandedIcon) {
 TEST_F(PanelState, UnknownHeaderIdChangesNothing) {
     panel().CategoryButtonPressed(-1);
     panel().CategoryButtonPressed(99);
-    for (int id = 0; id < 6; ++id) {
+    for (int id = 0; id < 7; ++id) {
         EXPECT_TRUE(category(id)->isExpanded()) << id;
     }
 }
