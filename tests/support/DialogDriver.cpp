@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -14,6 +16,7 @@
 namespace {
 
 constexpr int kPollMs = 20;
+constexpr int kRetryMs = 1000;
 
 QLineEdit& nameField(QDialog& dialog) {
     return *dialog.findChild<QLineEdit*>("fileNameEdit");
@@ -32,7 +35,8 @@ void accept(QDialog& dialog) {
 }  // namespace
 
 DialogDriver::DialogDriver() {
-    connect(&m_timer, &QTimer::timeout, this, &DialogDriver::answerNext);
+    connect(&m_timer, &QTimer::timeout, this, &DialogDriver::look);
+    m_sinceAnswer.start();
     m_timer.start(kPollMs);
 }
 
@@ -84,23 +88,46 @@ SeenDialog DialogDriver::describe(QDialog& dialog) {
     return seen;
 }
 
-void DialogDriver::answerNext() {
+void DialogDriver::look() {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (dialog == nullptr || !dialog->isVisible() || m_isAnswering) {
         return;
     }
+    // A dialog stays for a moment after its answer, and comes back when one above it closes.
+    const auto earlier = std::find_if(m_answered.begin(), m_answered.end(),
+                                      [&](const Answered& one) { return one.dialog == dialog; });
+    if (earlier == m_answered.end()) {
+        answerFirstTime(dialog);
+    } else if (m_sinceAnswer.elapsed() > kRetryMs) {
+        answerAgain(*earlier);
+    }
+}
+
+void DialogDriver::answerFirstTime(QDialog* dialog) {
     if (m_answers.empty()) {
         m_unexpected.push_back(dialog->windowTitle().toStdString());
+        m_answered.push_back({dialog, [](QDialog& open) { open.reject(); }});
         dialog->reject();
         return;
     }
     m_seen.push_back(describe(*dialog));
     const Answer answer = m_answers.front();
     m_answers.pop_front();
+    m_answered.push_back({dialog, answer});
+    give(answer, dialog);
+}
+
+void DialogDriver::answerAgain(const Answered& earlier) {
+    // On a busy machine a click can come before the window system has shown the dialog.
+    give(earlier.answer, earlier.dialog);
+}
+
+void DialogDriver::give(const Answer& answer, QDialog* dialog) {
     // Not from within the timer: an answer may open a further dialog, and the timer must go on.
     m_isAnswering = true;
     QTimer::singleShot(0, dialog, [this, dialog, answer] {
         m_isAnswering = false;
+        m_sinceAnswer.start();
         answer(*dialog);
     });
 }

@@ -7,11 +7,13 @@
 #include <string>
 #include <vector>
 
+#include <QDialog>
+#include <QElapsedTimer>
 #include <QMessageBox>
+#include <QPointer>
 #include <QString>
 #include <QTimer>
 
-class QDialog;
 class QFileDialog;
 
 /// What a dialog showed when it was answered.
@@ -48,10 +50,20 @@ public:
 
 private:
     using Answer = std::function<void(QDialog&)>;
-    void answerNext();
+    struct Answered {
+        QPointer<QDialog> dialog;
+        Answer answer;
+    };
+
+    void look();
+    void answerFirstTime(QDialog* dialog);
+    void answerAgain(const Answered& earlier);
+    void give(const Answer& answer, QDialog* dialog);
     static SeenDialog describe(QDialog& dialog);
 
     std::list<Answer> m_answers;
+    std::vector<Answered> m_answered;
+    QElapsedTimer m_sinceAnswer;
     std::vector<SeenDialog> m_seen;
     std::vector<std::string> m_unexpected;
     QTimer m_timer;
