@@ -2,18 +2,22 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include <memory>
+#include <cstddef>
 #include <optional>
 #include <vector>
 
-#include <QImage>
-#include <QPointer>
+#include <QBasicTimer>
+#include <QPoint>
+#include <QPointF>
+#include <QString>
 #include <QWidget>
 
 #include <kx/host/kxHostDocument.h>
 
 #include "view/CanvasPainter.h"
 #include "view/DrawingScene.h"
+#include "view/FrameCache.h"
+#include "view/SelectionBox.h"
 #include "view/ViewTransform.h"
 
 /// What the user does to the selection.
@@ -63,4 +67,78 @@ Q_SIGNALS:
     void pointGiven(const QPointF& world);
     /// The mode of the next click changed: what the user should do now; empty when there is none.
     void hintChanged(const QString& hint);
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    enum class Mode { Select, ZoomWindow, Points };
+
+    void markSelected();
+    void repaintChanged(const std::vector<bool>& before);
+    void paintOverlay(QPainter* painter) const;
+    void paintBox(QPainter* painter) const;
+
+    void panBy(const QPointF& delta);
+    void zoomAt(const QPointF& position, double factor);
+    /// The transform was set anew: nothing that was painted holds.
+    void startFrame();
+    /// The frame was shifted.
+    void followFrame();
+    void transformChanged();
+
+    void setMode(Mode mode);
+    QString hint() const;
+    void pressLeft(const QPointF& position, Qt::KeyboardModifiers modifiers);
+    void releaseLeft(const QPointF& position, Qt::KeyboardModifiers modifiers);
+    void pressRight();
+    void endPan();
+    void openBox(const QPointF& position);
+    void finishBox(const QPointF& position, Qt::KeyboardModifiers modifiers);
+    void givePoint(const QPointF& position);
+    void editSelection(const std::vector<std::size_t>& objects, Qt::KeyboardModifiers modifiers);
+    /// Enter or the right button.
+    void confirm();
+    /// False when there was no box and no mode to end.
+    bool endGesture();
+    bool pressKey(int key);
+
+    std::optional<std::size_t> objectAt(const QPointF& position) const;
+    void lookForHovered();
+    void clearHovered();
+
+    kxHostDocument_ptr m_document;
+    DrawingScene m_scene;
+    CanvasOptions m_options;
+    ViewTransform m_transform;
+    FrameCache m_frame;
+    bool m_painted = false;
+
+    std::vector<kxObject_ptr> m_selection;
+    /// For each object of the scene.
+    std::vector<bool> m_selected;
+    std::optional<std::size_t> m_hovered;
+    QBasicTimer m_hoverTimer;
+
+    Mode m_mode = Mode::Select;
+    int m_pointCount = 0;
+    int m_pointsGiven = 0;
+    /// Where the mouse is; nothing while it is elsewhere.
+    std::optional<QPointF> m_cursor;
+    /// Where the left button went down, while it is held and the click may become one thing or
+    /// another.
+    std::optional<QPointF> m_press;
+    std::optional<QPointF> m_panFrom;
+    std::optional<SelectionBox> m_box;
 };
