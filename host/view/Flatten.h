@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include <QLineF>
+
+#include "view/Bezier.h"
+#include "view/Outline.h"
+#include "view/WorldBox.h"
+
+namespace outline {
+
+/// Where drawing units (y up) lie on a device (pixels, y down).
+struct DeviceMap {
+    QPointF center;
+    double scale = 1;
+    /// The pixel of the centre.
+    QPointF pixel;
+
+    QPointF map(const QPointF& world) const {
+        return {(world.x() - center.x()) * scale + pixel.x(),
+                (center.y() - world.y()) * scale + pixel.y()};
+    }
+};
+
+/// The part of a line inside of a box; nothing when it is wholly outside.
+std::optional<QLineF> clipped(const QLineF& line, const WorldBox& box);
+
+/// Turns curves into straight lines on a device, within a fifth of a pixel, and leaves out what is
+/// outside of a box of pixels.
+class Flattener {
+public:
+    Flattener(const DeviceMap& map, const WorldBox& clip) : m_map(map), m_clip(clip) {}
+
+    /// Appends an object's curves; notes are not lines.
+    void add(const Outlines& outlines, std::size_t object);
+    void add(const Segment& segment);
+    void add(const Arc& arc);
+    void add(const BezierPiece& curve);
+    /// A line on the device.
+    void addLine(const QPointF& first, const QPointF& second);
+
+    std::vector<QLineF>& lines() { return m_lines; }
+    const DeviceMap& map() const { return m_map; }
+    const WorldBox& clip() const { return m_clip; }
+
+private:
+    struct ArcEnd {
+        double angle;
+        QPointF pixel;
+    };
+    QPointF pixelAt(const Arc& arc, double angle) const;
+    void addWholeArc(const Arc& arc, double radius);
+    void addVisibleArc(const Arc& arc, const ArcEnd& from, const ArcEnd& to, int depth);
+
+    DeviceMap m_map;
+    WorldBox m_clip;
+    std::vector<QLineF> m_lines;
+    BezierWalk m_walk;
+};
+
+}  // namespace outline

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include <QPointF>
+
+#include "view/Flatten.h"
+#include "view/SceneData.h"
+
+/// What is drawn of many objects, in device pixels.
+struct ObjectLines {
+    std::vector<QLineF> lines;
+    /// Objects smaller than a pixel, one for each pixel.
+    std::vector<QPointF> dots;
+    /// Texts that can be read, by their index.
+    std::vector<std::uint32_t> notes;
+};
+
+/// Collects what is seen of objects inside of a box of pixels.
+class ObjectCollector {
+public:
+    ObjectCollector(const outline::Outlines& outlines, const outline::DeviceMap& map,
+                    const WorldBox& clip, double pixelRatio);
+
+    void add(std::size_t object);
+    ObjectLines take();
+
+private:
+    void addDot(const QPointF& pixel);
+    void addMark(const QPointF& pixel);
+    void addNote(std::uint32_t note);
+
+    const outline::Outlines& m_outlines;
+    outline::Flattener m_flattener;
+    double m_pixelRatio;
+    ObjectLines m_result;
+    int m_columns;
+    int m_rows;
+    std::vector<bool> m_dotted;
+};
