@@ -5,16 +5,20 @@
 #include <QStringList>
 #include <QWidget>
 
+#include "commandline/CommandCompletion.h"
 #include "commandline/CommandHistory.h"
 
+class CommandLog;
+class CompletionPopup;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 
 /// The command line: what was said above, a field to type in below. Object names:
 /// "commandLog", "commandPrompt", "commandInput". Enter reports the line, an empty one too;
 /// Escape clears the field, or is reported when it is empty; up and down walk the history;
-/// Tab completes, and the completions pop up while typing.
+/// Tab completes, and the completions pop up while typing ("commandCompletions"): Down goes into
+/// them, Enter or a click takes one into the field, Escape closes them.
 class CommandLine : public QWidget {
     Q_OBJECT
 
@@ -38,6 +42,7 @@ public:
     static QString idlePrompt();
 
 Q_SIGNALS:
+    /// Without the blanks around it; of several pasted lines each, in order.
     void entered(const QString& line);
     void cancelled();
 
@@ -45,10 +50,22 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void lay();
+    bool handleInputKey(const QKeyEvent& event);
+    bool handleLogKey(const QKeyEvent& event);
     void enter();
+    void report(const QString& line);
+    void reportAll(const QStringList& lines);
+    void takeTyped(const QString& text);
+    void walkUp();
+    void walkDown();
+    bool complete(int step);
+    void escape();
 
-    QPlainTextEdit* m_log = nullptr;
+    CommandLog* m_log = nullptr;
     QLabel* m_prompt = nullptr;
     QLineEdit* m_input = nullptr;
+    CompletionPopup* m_popup = nullptr;
     CommandHistory m_history;
+    CommandCompletion m_completion;
 };

@@ -43,6 +43,8 @@ Q_SIGNALS:
     void ended();
 
 private:
+    void begin(const kxHostDocument_ptr& document, bool single, QEventLoop* loop);
+    std::optional<std::vector<kxObject_ptr>> end();
     void leave(bool accepted);
 
     QEventLoop* m_loop = nullptr;
@@ -50,4 +52,5 @@ private:
     std::vector<kxObject_ptr> m_chosen;
     bool m_single = false;
     bool m_accepted = false;
+    bool m_isLeaving = false;
 };
