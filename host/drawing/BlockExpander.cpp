@@ -35,7 +35,11 @@ BlockExpander::BlockExpander(const DxfModel& model, ExpandLimits limits, ImportR
 std::vector<kxObject_ptr> BlockExpander::expand(double scale) {
     const Affine root = Affine::scaling({scale, scale, scale});
     for (const Entity& entity : m_model.entities) {
+        if (!goesOn()) {
+            break;
+        }
         expandEntity(entity, root);
+        ++m_done;
     }
     return std::move(m_objects);
 }
@@ -149,10 +153,18 @@ bool BlockExpander::isFrozen(const std::string& layer) const {
     return m_model.frozenLayers.count(nameKey(layer)) != 0;
 }
 
+bool BlockExpander::goesOn() {
+    return m_progress == nullptr || m_progress->step([this] {
+        const double share =
+            static_cast<double>(m_done) / static_cast<double>(m_model.entities.size());
+        return ReadProgress::kFileShare + (1 - ReadProgress::kFileShare) * share;
+    });
+}
+
 bool BlockExpander::overBudget() {
     // Blocks of nothing but inserts double without giving an object: the work counts as well.
     ++m_work;
-    m_overBudget = m_overBudget || m_objects.size() > m_limits.objects ||
+    m_overBudget = m_overBudget || !goesOn() || m_objects.size() > m_limits.objects ||
                    m_work > 20 * (m_limits.objects + m_model.entities.size());
     return m_overBudget;
 }

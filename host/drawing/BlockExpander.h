@@ -8,6 +8,7 @@
 #include "drawing/Affine.h"
 #include "drawing/EntityModel.h"
 #include "drawing/ImportReport.h"
+#include "drawing/ReadProgress.h"
 
 namespace kxdrawing {
 
@@ -23,6 +24,9 @@ struct ExpandLimits {
 class BlockExpander {
 public:
     BlockExpander(const DxfModel& model, ExpandLimits limits, ImportReport* report);
+
+    /// Tells `progress` on the way, and stops when that is stopped: then not all objects come.
+    void setProgress(ReadProgress* progress) { m_progress = progress; }
 
     /// All objects, with every length scaled by `scale`. Call once.
     std::vector<kxObject_ptr> expand(double scale);
@@ -46,6 +50,8 @@ private:
     void expandInBlock(const Entity& entity, const Placement& where);
     bool isFrozen(const std::string& layer) const;
     bool overBudget();
+    /// Counts an entity; false when the reading is stopped.
+    bool goesOn();
     void tally(const Entity& entity, const std::string& layer, ImportOutcome outcome,
                const std::string& detail);
     struct Emitted {
@@ -58,6 +64,9 @@ private:
     const DxfModel& m_model;
     ExpandLimits m_limits;
     ImportReport& m_report;
+    ReadProgress* m_progress = nullptr;
+    /// How many of the drawing's own entities are done.
+    std::size_t m_done = 0;
     /// What happened inside of the insert at hand.
     ImportReport m_inside;
     std::vector<kxObject_ptr> m_objects;

@@ -33,17 +33,26 @@ void noteHiddenLayers(Drawing* drawing) {
                             ", objects on them: " + std::to_string(count));
 }
 
+void readRecords(DxfScanner* scanner, DxfModelBuilder* builder, ReadProgress* progress) {
+    const auto fraction = [&] { return ReadProgress::kFileShare * scanner->fraction(); };
+    DxfRecord record;
+    while (progress->step(fraction) && scanner->next(&record)) {
+        builder->take(record);
+    }
+}
+
 ReadResult readChecked(const std::string& path, const ReadOptions& options) {
     DxfScanner scanner;
     DxfModelBuilder builder;
-    DxfRecord record;
+    ReadProgress progress(options.progress);
     if (scanner.open(path)) {
-        while (scanner.next(&record)) {
-            builder.take(record);
-        }
+        readRecords(&scanner, &builder, &progress);
+    }
+    if (progress.isStopped()) {
+        return {std::nullopt, {}, true};
     }
     if (scanner.error()) {
-        return {std::nullopt, *scanner.error()};
+        return {std::nullopt, *scanner.error(), false};
     }
     DxfModel model = builder.finish();
     const UnitDecision unit = decideUnit(model.insertUnits, model.measurement);
@@ -54,10 +63,16 @@ ReadResult readChecked(const std::string& path, const ReadOptions& options) {
     if (!scanner.hadSection("ENTITIES")) {
         drawing.report.addNote("the file has no section ENTITIES");
     }
-    drawing.objects = BlockExpander(model, options.limits, &drawing.report).expand(unit.scale);
+    BlockExpander expander(model, options.limits, &drawing.report);
+    expander.setProgress(&progress);
+    drawing.objects = expander.expand(unit.scale);
+    progress.report(1);
+    if (progress.isStopped()) {
+        return {std::nullopt, {}, true};
+    }
     drawing.layers = std::move(model.layers);
     noteHiddenLayers(&drawing);
-    return {std::move(drawing), {}};
+    return {std::move(drawing), {}, false};
 }
 
 }  // namespace
@@ -67,9 +82,10 @@ ReadResult readDxf(const std::string& path, const ReadOptions& options) {
         const ClassicLocale locale;
         return readChecked(path, options);
     } catch (const std::exception& problem) {
-        return {std::nullopt, {path, 0, std::string("cannot be read: ") + problem.what(), ""}};
+        return {
+            std::nullopt, {path, 0, std::string("cannot be read: ") + problem.what(), ""}, false};
     } catch (...) {
-        return {std::nullopt, {path, 0, "cannot be read", ""}};
+        return {std::nullopt, {path, 0, "cannot be read", ""}, false};
     }
 }
 

@@ -11,11 +11,15 @@
 #include "drawing/BlockExpander.h"
 #include "drawing/DxfDiagnostic.h"
 #include "drawing/ImportReport.h"
+#include "drawing/ReadProgress.h"
 
 namespace kxdrawing {
 
 struct ReadOptions {
     ExpandLimits limits;
+    /// Called now and then from the reading thread with what part is done, 0 to 1; false stops the
+    /// reading.
+    ProgressReport progress;
 };
 
 /// A drawing read from a file, in the units that its unit option names.
@@ -31,10 +35,12 @@ struct Drawing {
     ImportReport report;
 };
 
-/// Either a drawing or, when the file can't be read whole, the cause.
+/// Either a drawing or, when the file can't be read whole, the cause, or neither when the reading
+/// was stopped.
 struct ReadResult {
     std::optional<Drawing> drawing;
     DxfDiagnostic error;
+    bool cancelled = false;
 };
 
 /// Reads an ASCII DXF file. Nothing is thrown.

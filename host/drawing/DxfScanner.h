@@ -22,6 +22,8 @@ public:
     bool next(DxfRecord* record);
     const std::optional<DxfDiagnostic>& error() const { return m_error; }
     bool hadSection(std::string_view name) const;
+    /// What part of the file is read, 0 to 1.
+    double fraction() const { return m_lines.fraction(); }
 
 private:
     enum class Step { Record, Structure, Failed };

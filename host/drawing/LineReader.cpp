@@ -39,6 +39,8 @@ bool LineReader::open(const std::string& path, DxfDiagnostic* error) {
         error->found = "cannot be opened: " + std::generic_category().message(errno);
         return false;
     }
+    std::error_code unknownSize;
+    m_fileSize = std::filesystem::file_size(path, unknownSize);
     if (!refill()) {
         error->found = m_failed ? "cannot be read" : "an empty file";
         return false;
@@ -57,8 +59,16 @@ void LineReader::dropByteOrderMark() {
 bool LineReader::refill() {
     m_position = 0;
     m_size = std::fread(m_buffer.data(), 1, m_buffer.size(), m_file.get());
+    m_bytesRead += m_size;
     m_failed = m_size == 0 && std::ferror(m_file.get()) != 0;
     return m_size > 0;
+}
+
+double LineReader::fraction() const {
+    // A file that is written meanwhile may turn out longer, or shorter, than it was.
+    return m_bytesRead >= m_fileSize
+               ? 1
+               : static_cast<double>(m_bytesRead) / static_cast<double>(m_fileSize);
 }
 
 LineReader::Status LineReader::next(std::string* line) {

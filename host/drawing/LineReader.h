@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -23,6 +24,8 @@ public:
     Status next(std::string* line);
     /// The number of the line read last, from 1.
     long lineNumber() const { return m_lineNumber; }
+    /// What part of the file went through the buffer, 0 to 1.
+    double fraction() const;
 
     static constexpr std::size_t kMaxLineLength = std::size_t{1} << 20;
 
@@ -38,6 +41,8 @@ private:
     std::array<char, 65536> m_buffer{};
     std::size_t m_position = 0;
     std::size_t m_size = 0;
+    std::uintmax_t m_bytesRead = 0;
+    std::uintmax_t m_fileSize = 0;
     long m_lineNumber = 0;
     bool m_failed = false;
 };
