@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <QObject>
+#include <QPointer>
 
 #include <kx/host/kxHostCallbacks.h>
 
@@ -21,8 +22,12 @@ public:
 
     explicit AddinPanes(QMainWindow* window);
 
+    /// Makes a pane, hidden. It comes back where it was when the window's state was restored
+    /// before; its dock has the object name "pane " and the title.
     kxWindowHandle create(const kxPaneRequest& request);
+    /// Shows a pane, in front of others, or hides it.
     void setVisible(kxWindowHandle pane, bool visible);
+    /// Whether neither the user nor an add-in hid the pane; it may lie behind another tab.
     bool isVisible(kxWindowHandle pane) const;
     void destroy(kxWindowHandle pane);
     std::vector<QDockWidget*> docks() const;
@@ -34,8 +39,11 @@ Q_SIGNALS:
 private:
     struct Pane {
         kxWindowHandle handle = 0;
-        QDockWidget* dock = nullptr;
+        QPointer<QDockWidget> dock;
     };
+
+    QDockWidget* dockOf(kxWindowHandle pane) const;
+    QString freeName(const QString& title) const;
 
     QMainWindow* m_window;
     std::vector<Pane> m_panes;

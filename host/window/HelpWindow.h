@@ -4,10 +4,12 @@
 
 #include <QWidget>
 
-class QTextBrowser;
+class FindBar;
+class ManualBrowser;
+class QToolBar;
 
-/// The manual, as HTML pages of the program, with Back, Forward and Contents. Pages outside of the
-/// manual's folder are not shown; web links go to the browser.
+/// The manual, as HTML pages of the program, with Back, Forward, Contents and Find. Pages outside
+/// of the manual's folder are not shown; web links go to the browser.
 class HelpWindow : public QWidget {
     Q_OBJECT
 
@@ -23,7 +25,16 @@ public:
     /// The page for a topic number that an add-in asks for; the contents for an unknown one.
     static QString pageOfTopic(long topic);
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
+    void addNavigation(QToolBar* bar);
+    void addKeys();
+    void goTo(const QString& page);
+    void takeTitle();
+
     QString m_folder;
-    QTextBrowser* m_browser = nullptr;
+    ManualBrowser* m_browser = nullptr;
+    FindBar* m_findBar = nullptr;
 };

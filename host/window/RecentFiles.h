@@ -23,6 +23,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void load();
     void store();
 
     QStringList m_files;

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "window/PaneScrollArea.h"
+
+#include <algorithm>
+
+#include <QEvent>
+#include <QScrollBar>
+
+namespace {
+
+// A dock must not force the window to be higher than a small screen.
+constexpr int kLeastHeight = 120;
+constexpr int kUsualHeight = 600;
+
+}  // namespace
+
+PaneScrollArea::PaneScrollArea(QWidget* pane, int paneWidth) : m_paneWidth(paneWidth) {
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
+    // The pane has a window of its own, and only one of the viewport's own cuts that off.
+    viewport()->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    viewport()->setAttribute(Qt::WA_NativeWindow);
+    setWidget(pane);
+}
+
+int PaneScrollArea::neededWidth() const {
+    int width = m_paneWidth;
+    if (widget() != nullptr) {
+        width = std::max({width, widget()->minimumWidth(), widget()->minimumSizeHint().width()});
+    }
+    return width + verticalScrollBar()->sizeHint().width();
+}
+
+QSize PaneScrollArea::sizeHint() const {
+    return {neededWidth(), kUsualHeight};
+}
+
+QSize PaneScrollArea::minimumSizeHint() const {
+    return {neededWidth(), kLeastHeight};
+}
+
+bool PaneScrollArea::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        updateGeometry();
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
+bool PaneScrollArea::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) {
+        updateGeometry();
+    }
+    return QScrollArea::viewportEvent(event);
+}
