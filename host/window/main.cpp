@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+// kxhost: the program.
+#include <iostream>
+
+#include <QApplication>
+#include <QIcon>
+#include <QTimer>
+
+#include "Version.h"
+#include "window/Drawings.h"
+#include "window/HostOptions.h"
+#include "window/HostResources.h"
+#include "window/MainWindow.h"
+#include "window/OpenEach.h"
+
+namespace {
+
+QStringList toTexts(int argc, char** argv) {
+    QStringList texts;
+    for (int index = 0; index < argc; ++index) {
+        texts.append(QString::fromLocal8Bit(argv[index]));
+    }
+    return texts;
+}
+
+/// Help and errors need no display, so they come before the toolkit asks for one.
+bool isAnsweredAtOnce(int argc, char** argv) {
+    const QStringList arguments = toTexts(argc, argv);
+    for (const QString& word : arguments.mid(1)) {
+        if (word == "--help" || word == "-h" || word == "--version" || word == "-v") {
+            return true;
+        }
+    }
+    return false;
+}
+
+void print(const QString& message, int exitCode) {
+    (exitCode == 0 ? std::cout : std::cerr) << message.toStdString();
+    if (!message.endsWith('\n')) {
+        (exitCode == 0 ? std::cout : std::cerr) << '\n';
+    }
+}
+
+void describeApplication() {
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QCoreApplication::setOrganizationName("kxhost");
+    QCoreApplication::setApplicationName("kxhost");
+    QCoreApplication::setApplicationVersion(QString::fromLatin1(kVersion));
+    QGuiApplication::setDesktopFileName("kxhost");
+}
+
+int runWindow(const HostOptions& options) {
+    MainWindow window;
+    window.loadAddins(options);
+    window.restoreLayout();
+    window.show();
+    if (options.openEach) {
+        openEach(&window, options.drawings);
+        window.close();
+        return 0;
+    }
+    QTimer::singleShot(0, &window, [&] { window.drawings()->open(options.drawings); });
+    return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QString message;
+    int exitCode = 0;
+    if (isAnsweredAtOnce(argc, argv) &&
+        !parseHostOptions(toTexts(argc, argv), &message, &exitCode)) {
+        print(message, exitCode);
+        return exitCode;
+    }
+    describeApplication();
+    const QApplication application(argc, argv);
+    loadHostResources();
+    QApplication::setWindowIcon(QIcon(":/kxhost/icons/kxhost.svg"));
+    const std::optional<HostOptions> options =
+        parseHostOptions(QApplication::arguments(), &message, &exitCode);
+    if (!options) {
+        print(message, exitCode);
+        return exitCode;
+    }
+    return runWindow(*options);
+}
