@@ -49,15 +49,25 @@ BoxTree::BoxTree(const std::vector<WorldBox>& boxes) : m_tree(std::make_unique<T
     m_tree->entries = decltype(m_tree->entries)(entries);
 }
 
-std::vector<std::uint32_t> BoxTree::meeting(const WorldBox& box) const {
-    std::vector<std::uint32_t> result;
+void BoxTree::visit(const WorldBox& box, const std::function<bool(std::uint32_t)>& visit) const {
     if (m_tree == nullptr || !isUsable(box)) {
-        return result;
+        return;
     }
     const auto wanted = boost::geometry::index::intersects(treeBox(box));
-    for (auto found = m_tree->entries.qbegin(wanted); found != m_tree->entries.qend(); ++found) {
-        result.push_back(found->second);
+    const auto end = m_tree->entries.qend();
+    for (auto found = m_tree->entries.qbegin(wanted); found != end; ++found) {
+        if (!visit(found->second)) {
+            return;
+        }
     }
+}
+
+std::vector<std::uint32_t> BoxTree::meeting(const WorldBox& box) const {
+    std::vector<std::uint32_t> result;
+    visit(box, [&result](std::uint32_t index) {
+        result.push_back(index);
+        return true;
+    });
     std::sort(result.begin(), result.end());
     return result;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -18,6 +19,9 @@ public:
     BoxTree& operator=(BoxTree&&) noexcept;
     ~BoxTree();
 
+    /// Calls `visit(index)` for those that meet the box, edges included, in any order, until it
+    /// returns false.
+    void visit(const WorldBox& box, const std::function<bool(std::uint32_t)>& visit) const;
     /// The indices of those that meet the box, edges included, in rising order.
     std::vector<std::uint32_t> meeting(const WorldBox& box) const;
 

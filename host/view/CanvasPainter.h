@@ -60,6 +60,8 @@ public:
     void paintHovered(QPainter* painter, std::size_t object) const;
 
 private:
+    bool isSmooth() const;
+
     const DrawingScene& m_scene;
     const ViewTransform& m_transform;
     CanvasOptions m_options;

@@ -9,8 +9,6 @@ namespace outline {
 
 namespace {
 
-/// Less than the promised quarter of a pixel: rounding takes its share too.
-constexpr double kPixelTolerance = 0.2;
 constexpr int kMaxDepth = 48;
 constexpr double kQuarter = 1.5707963267948966;
 
@@ -75,7 +73,13 @@ void Flattener::add(const Outlines& outlines, std::size_t object) {
 
 void Flattener::addLine(const QPointF& first, const QPointF& second) {
     if (const std::optional<QLineF> line = clipped({first, second}, m_clip)) {
-        m_lines.push_back(*line);
+        m_straight.push_back(*line);
+    }
+}
+
+void Flattener::addChord(const QPointF& first, const QPointF& second) {
+    if (const std::optional<QLineF> line = clipped({first, second}, m_clip)) {
+        m_curved.push_back(*line);
     }
 }
 
@@ -111,7 +115,7 @@ void Flattener::add(const Arc& arc) {
 
 void Flattener::addWholeArc(const Arc& arc, double radius) {
     // The greatest step whose chord leaves the arc by no more than the tolerance.
-    const double most = radius > kPixelTolerance ? 2 * std::acos(1 - kPixelTolerance / radius) : 3;
+    const double most = radius > m_tolerance ? 2 * std::acos(1 - m_tolerance / radius) : 3;
     const double count = std::max(arc.isFull() ? 4.0 : 1.0, std::ceil(arc.sweep / most));
     const double step = arc.sweep / count;
     const double c = std::cos(step);
@@ -123,10 +127,10 @@ void Flattener::addWholeArc(const Arc& arc, double radius) {
     QPointF from = start;
     for (double i = 1; i < count; ++i) {
         spoke = {spoke.x() * c + spoke.y() * s, spoke.y() * c - spoke.x() * s};
-        m_lines.emplace_back(from, center + spoke);
+        m_curved.emplace_back(from, center + spoke);
         from = center + spoke;
     }
-    m_lines.emplace_back(from, end);
+    m_curved.emplace_back(from, end);
 }
 
 void Flattener::addVisibleArc(const Arc& arc, const ArcEnd& from, const ArcEnd& to, int depth) {
@@ -140,8 +144,8 @@ void Flattener::addVisibleArc(const Arc& arc, const ArcEnd& from, const ArcEnd& 
                                box.maxY + sagitta})) {
         return;
     }
-    if (sagitta <= kPixelTolerance || depth == kMaxDepth) {
-        addLine(from.pixel, to.pixel);
+    if (sagitta <= m_tolerance || depth == kMaxDepth) {
+        addChord(from.pixel, to.pixel);
         return;
     }
     const double angle = from.angle + (to.angle - from.angle) / 2;
@@ -151,7 +155,7 @@ void Flattener::addVisibleArc(const Arc& arc, const ArcEnd& from, const ArcEnd& 
 }
 
 void Flattener::add(const BezierPiece& curve) {
-    const double tolerance = kPixelTolerance / m_map.scale;
+    const double tolerance = m_tolerance / m_map.scale;
     m_walk.walk(curve, [&](const BezierPiece& piece) {
         WorldBox box;
         const WorldBox hull = piece.hull();
@@ -163,7 +167,7 @@ void Flattener::add(const BezierPiece& curve) {
         if (piece.deviation() > tolerance) {
             return true;
         }
-        addLine(m_map.map(piece.first()), m_map.map(piece.last()));
+        addChord(m_map.map(piece.first()), m_map.map(piece.last()));
         return false;
     });
 }

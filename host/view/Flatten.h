@@ -29,21 +29,24 @@ struct DeviceMap {
 /// The part of a line inside of a box; nothing when it is wholly outside.
 std::optional<QLineF> clipped(const QLineF& line, const WorldBox& box);
 
-/// Turns curves into straight lines on a device, within a fifth of a pixel, and leaves out what is
-/// outside of a box of pixels.
+/// Turns curves into straight lines on a device, within a tolerance in pixels, and leaves out what
+/// is outside of a box of pixels.
 class Flattener {
 public:
-    Flattener(const DeviceMap& map, const WorldBox& clip) : m_map(map), m_clip(clip) {}
+    Flattener(const DeviceMap& map, const WorldBox& clip, double tolerance)
+        : m_map(map), m_clip(clip), m_tolerance(tolerance) {}
 
     /// Appends an object's curves; notes are not lines.
     void add(const Outlines& outlines, std::size_t object);
     void add(const Segment& segment);
     void add(const Arc& arc);
     void add(const BezierPiece& curve);
-    /// A line on the device.
+    /// A straight line on the device.
     void addLine(const QPointF& first, const QPointF& second);
 
-    std::vector<QLineF>& lines() { return m_lines; }
+    /// Lines that are straight in the drawing, and those that follow a curve, one after the other.
+    std::vector<QLineF>& straight() { return m_straight; }
+    std::vector<QLineF>& curved() { return m_curved; }
     const DeviceMap& map() const { return m_map; }
     const WorldBox& clip() const { return m_clip; }
 
@@ -52,13 +55,16 @@ private:
         double angle;
         QPointF pixel;
     };
+    void addChord(const QPointF& first, const QPointF& second);
     QPointF pixelAt(const Arc& arc, double angle) const;
     void addWholeArc(const Arc& arc, double radius);
     void addVisibleArc(const Arc& arc, const ArcEnd& from, const ArcEnd& to, int depth);
 
     DeviceMap m_map;
     WorldBox m_clip;
-    std::vector<QLineF> m_lines;
+    double m_tolerance;
+    std::vector<QLineF> m_straight;
+    std::vector<QLineF> m_curved;
     BezierWalk m_walk;
 };
 

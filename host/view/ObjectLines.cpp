@@ -12,19 +12,22 @@ namespace {
 constexpr double kMarkSize = 3;
 constexpr double kReadableHeight = 4;
 
+/// How far lines may lie from their curve, in device pixels.
+constexpr double kTolerance = 0.2;
+constexpr double kSmoothTolerance = 0.05;
+
 int pixels(double length) {
     return static_cast<int>(std::clamp(std::ceil(length), 0.0, 30000.0)) + 1;
 }
 
 }  // namespace
 
-ObjectCollector::ObjectCollector(const outline::Outlines& outlines, const outline::DeviceMap& map,
-                                 const WorldBox& clip, double pixelRatio)
+ObjectCollector::ObjectCollector(const outline::Outlines& outlines, const CollectorSetup& setup)
     : m_outlines(outlines),
-      m_flattener(map, clip),
-      m_pixelRatio(pixelRatio),
-      m_columns(pixels(clip.width())),
-      m_rows(pixels(clip.height())),
+      m_flattener(setup.map, setup.clip, setup.smooth ? kSmoothTolerance : kTolerance),
+      m_pixelRatio(setup.pixelRatio),
+      m_columns(pixels(setup.clip.width())),
+      m_rows(pixels(setup.clip.height())),
       m_dotted(static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows)) {}
 
 void ObjectCollector::add(std::size_t object) {
@@ -79,6 +82,7 @@ void ObjectCollector::addNote(std::uint32_t note) {
 }
 
 ObjectLines ObjectCollector::take() {
-    m_result.lines = std::move(m_flattener.lines());
+    m_result.straight = std::move(m_flattener.straight());
+    m_result.curved = std::move(m_flattener.curved());
     return std::move(m_result);
 }

@@ -12,18 +12,28 @@
 
 /// What is drawn of many objects, in device pixels.
 struct ObjectLines {
-    std::vector<QLineF> lines;
+    std::vector<QLineF> straight;
+    std::vector<QLineF> curved;
     /// Objects smaller than a pixel, one for each pixel.
     std::vector<QPointF> dots;
     /// Texts that can be read, by their index.
     std::vector<std::uint32_t> notes;
 };
 
+struct CollectorSetup {
+    outline::DeviceMap map;
+    /// In device pixels.
+    WorldBox clip;
+    /// Device pixels per logical pixel.
+    double pixelRatio = 1;
+    /// Whether lines are smoothed: then the eye sees finer corners.
+    bool smooth = false;
+};
+
 /// Collects what is seen of objects inside of a box of pixels.
 class ObjectCollector {
 public:
-    ObjectCollector(const outline::Outlines& outlines, const outline::DeviceMap& map,
-                    const WorldBox& clip, double pixelRatio);
+    ObjectCollector(const outline::Outlines& outlines, const CollectorSetup& setup);
 
     void add(std::size_t object);
     ObjectLines take();

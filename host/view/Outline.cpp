@@ -27,6 +27,8 @@ constexpr double kTurn = 2 * kPi;
 /// Arcs flatter than this lose digits when they are told by their centre.
 constexpr double kGreatestRadiusPerChord = 1000;
 
+constexpr std::size_t kLinesPerCurve = 8;
+
 /// Appends one object's pieces and gives their box.
 class Writer {
 public:
@@ -376,6 +378,13 @@ void Outlines::add(kxObject* object) {
     begins.push_back(
         {static_cast<std::uint32_t>(segments.size()), static_cast<std::uint32_t>(arcs.size()),
          static_cast<std::uint32_t>(beziers.size()), static_cast<std::uint32_t>(notes.size())});
+}
+
+std::size_t Outlines::lineCount(std::size_t object) const {
+    const Begin& begin = begins[object];
+    const Begin& end = begins[object + 1];
+    return end.segment - begin.segment +
+           kLinesPerCurve * (end.arc - begin.arc + end.bezier - begin.bezier);
 }
 
 }  // namespace outline

@@ -80,6 +80,8 @@ struct Outlines {
 
     /// Appends an object. One of an unknown kind has an empty box.
     void add(kxObject* object);
+    /// About how many straight lines show an object.
+    std::size_t lineCount(std::size_t object) const;
 };
 
 /// The exact box of an arc.
