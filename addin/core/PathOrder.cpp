@@ -6,20 +6,15 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <utility>
+
+#include "core/DistanceFilter.h"
 
 namespace GCode {
 
 namespace {
 
-constexpr std::size_t kBlock = 32;
-constexpr std::size_t kRun = 4;
-constexpr double kNowhere = std::numeric_limits<double>::quiet_NaN();
-
-/// The entities still to be visited, in list order. Beside the records it keeps their coordinates
-/// in flat arrays, the two ends of a line in either order. Whatever can't be chosen lies nowhere
-/// there: its distance is no number, and so is below no bar.
+/// The entities still to be visited, in list order.
 class RemainingList {
 public:
     explicit RemainingList(std::vector<Entity> selection);
@@ -37,9 +32,7 @@ private:
     };
 
     void load();
-    void place(std::size_t row);
-    bool mayHoldNearer(std::size_t begin, const Pass& pass) const;
-    void walkBlock(std::size_t begin, Pass* pass);
+    void walk(const DistanceFilter::Found& near, Pass* pass);
     void offer(std::size_t row, Pass* pass);
     void offerLine(std::size_t row, Pass* pass);
     void remove(std::size_t row);
@@ -47,10 +40,7 @@ private:
 
     std::vector<Entity> m_entities;
     std::vector<char> m_removed;
-    std::vector<double> m_firstX;
-    std::vector<double> m_firstY;
-    std::vector<double> m_secondX;
-    std::vector<double> m_secondY;
+    DistanceFilter m_filter;
     std::size_t m_head = 0;
     std::size_t m_live = 0;
 };
@@ -63,77 +53,31 @@ void RemainingList::load() {
     m_live = m_entities.size();
     m_head = 0;
     m_removed.assign(m_live, 0);
-    const std::size_t padded = (m_live + kBlock - 1) / kBlock * kBlock;
-    for (auto* axis : {&m_firstX, &m_firstY, &m_secondX, &m_secondY}) {
-        axis->assign(padded, kNowhere);
-    }
-    for (std::size_t row = 0; row < m_live; ++row) {
-        place(row);
-    }
-}
-
-void RemainingList::place(std::size_t row) {
-    const Entity& entity = m_entities[row];
-    switch (entity.type) {
-        case kxLineType:
-            m_secondX[row] = entity.secondPoint.m_x;
-            m_secondY[row] = entity.secondPoint.m_y;
-            [[fallthrough]];
-        case kxCircleType:
-        case kxCircleArcType:
-        case kxPointType:
-            m_firstX[row] = entity.firstPoint.m_x;
-            m_firstY[row] = entity.firstPoint.m_y;
-            break;
-        default:
-            break;
-    }
+    m_filter.load(m_entities);
 }
 
 Entity RemainingList::takeNearest(const Point& from) {
     // Only the first point of the head sets the bar, in the first pass too: the head is the first
     // to be offered, and a line brings the bar down to its nearer end by itself.
     Pass pass{from, distance(from, m_entities[m_head].firstPoint), m_head};
-    for (std::size_t begin = m_head / kBlock * kBlock; begin < m_entities.size(); begin += kBlock) {
-        // A list drawn towards the tool gets nearer row by row; ruling out blocks is in vain there.
-        const bool gettingNearer = pass.candidate + kRun >= begin;
-        if (gettingNearer || mayHoldNearer(begin, pass)) {
-            walkBlock(begin, &pass);
-        }
+    // What lies beyond the bar can't become the candidate, and is left alone by the walk.
+    m_filter.measureFrom(from);
+    DistanceFilter::Found near = m_filter.next(m_head / DistanceFilter::kBlock, pass.bar);
+    while (near.block < m_filter.blockCount()) {
+        walk(near, &pass);
+        near = m_filter.next(near.block + 1, pass.bar);
     }
     Entity taken = m_entities[pass.candidate];
     remove(pass.candidate);
     return taken;
 }
 
-bool RemainingList::mayHoldNearer(std::size_t begin, const Pass& pass) const {
-    // Squared distances in the plane, without the square root and the branches of the exact rule,
-    // rule out nearly every block. The bar is widened by more than the rounding of the root and of
-    // the squares can amount to, so that no tie is lost; what passes is decided by the exact rule.
-    const double limit = pass.bar * pass.bar * (1.0 + 1e-12) + 1e-300;
-    const double x = pass.from.m_x;
-    const double y = pass.from.m_y;
-    const double* firstX = m_firstX.data() + begin;
-    const double* firstY = m_firstY.data() + begin;
-    const double* secondX = m_secondX.data() + begin;
-    const double* secondY = m_secondY.data() + begin;
-    // Written as selections of as wide a type, because that is the form the compiler vectorises.
-    std::uint64_t near = 0;
-    for (std::size_t i = 0; i < kBlock; ++i) {
-        const double dx1 = firstX[i] - x;
-        const double dy1 = firstY[i] - y;
-        const double dx2 = secondX[i] - x;
-        const double dy2 = secondY[i] - y;
-        near = dx1 * dx1 + dy1 * dy1 <= limit ? 1 : near;
-        near = dx2 * dx2 + dy2 * dy2 <= limit ? 1 : near;
-    }
-    return near != 0;
-}
-
-void RemainingList::walkBlock(std::size_t begin, Pass* pass) {
-    const std::size_t end = std::min(begin + kBlock, m_entities.size());
-    for (std::size_t row = begin; row < end; ++row) {
-        if (m_removed[row] == 0) {
+void RemainingList::walk(const DistanceFilter::Found& near, Pass* pass) {
+    const std::size_t begin = near.block * DistanceFilter::kBlock;
+    const std::size_t end = std::min(begin + DistanceFilter::kBlock, m_entities.size());
+    std::size_t row = begin;
+    for (std::uint64_t rows = near.rows; rows != 0 && row < end; rows >>= 1U, ++row) {
+        if ((rows & 1U) != 0 && m_removed[row] == 0) {
             offer(row, pass);
         }
     }
@@ -178,8 +122,7 @@ void RemainingList::offerLine(std::size_t row, Pass* pass) {
 
 void RemainingList::remove(std::size_t row) {
     m_removed[row] = 1;
-    m_firstX[row] = kNowhere;
-    m_secondX[row] = kNowhere;
+    m_filter.remove(row);
     --m_live;
     while (m_head < m_entities.size() && m_removed[m_head] != 0) {
         ++m_head;

@@ -7,6 +7,8 @@ add_library(gcode_core STATIC
   ${CMAKE_CURRENT_LIST_DIR}/ArcGCodeGeneratorImpl.h
   ${CMAKE_CURRENT_LIST_DIR}/DeltaFunction.cpp
   ${CMAKE_CURRENT_LIST_DIR}/DeltaFunction.h
+  ${CMAKE_CURRENT_LIST_DIR}/DistanceFilter.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/DistanceFilter.h
   ${CMAKE_CURRENT_LIST_DIR}/Entity.h
   ${CMAKE_CURRENT_LIST_DIR}/GCodeGeneratorInt.h
   ${CMAKE_CURRENT_LIST_DIR}/LineGCodeGeneratorImpl.cpp

@@ -78,14 +78,49 @@ testing::AssertionResult same(const std::vector<Entity>& path, const std::list<E
     return testing::AssertionSuccess();
 }
 
+/// A contour of lines around a centre, with a hole in the middle.
+void addContour(const Point& centre, std::mt19937_64* random, std::vector<Entity>* selection) {
+    constexpr int kCorners = 11;
+    std::uniform_real_distribution<> radius(2.0, 9.0);
+    std::vector<Point> corners;
+    for (int corner = 0; corner < kCorners; ++corner) {
+        const double angle = 6.25 * corner / kCorners;
+        const double r = radius(*random);
+        corners.emplace_back(centre.m_x + r * std::cos(angle), centre.m_y + r * std::sin(angle), 0);
+    }
+    for (std::size_t corner = 0; corner < corners.size(); ++corner) {
+        selection->push_back(line(corners[corner], corners[(corner + 1) % corners.size()]));
+    }
+    selection->push_back(at(kxCircleType, centre));
+}
+
+/// Contours in rows, drawn one after the other, as in a sheet of parts.
+std::vector<Entity> sheet(const Point& corner, std::size_t count) {
+    std::mt19937_64 random(count);
+    std::vector<Entity> selection;
+    for (int contour = 0; selection.size() < count; ++contour) {
+        const double x = corner.m_x + 20.0 * (contour % 15);
+        const double y = corner.m_y + 20.0 * (contour / 15);
+        addContour(Point(x, y, 0), &random, &selection);
+    }
+    selection.resize(count);
+    return selection;
+}
+
+void compareWithJudge(std::vector<Entity> selection, const Point& start = kOrigin) {
+    for (std::size_t i = 0; i < selection.size(); ++i) {
+        selection[i].object = RandomSelection::objectAt(i);
+    }
+    EXPECT_TRUE(same(sortEntities(selection, start),
+                     literalPathOrder({selection.begin(), selection.end()}, start)));
+}
+
 void compareWithJudge(std::uint64_t seed, int maximumCount) {
     SCOPED_TRACE(testing::Message() << "seed " << seed << ", up to " << maximumCount);
     RandomSelection random(seed);
     const Point start = random.start();
     const int count = static_cast<int>(seed % (static_cast<std::uint64_t>(maximumCount) + 1));
-    const std::vector<Entity> selection = random.entities(count);
-    EXPECT_TRUE(same(sortEntities(selection, start),
-                     literalPathOrder({selection.begin(), selection.end()}, start)));
+    compareWithJudge(random.entities(count), start);
 }
 
 }  // namespace
@@ -280,8 +315,23 @@ TEST(PathOrder, MatchesTheLiteralWalkForALongScatteredList) {
         const Point first(anywhere(random), anywhere(random), 0);
         const Point second(anywhere(random), anywhere(random), 0);
         selection.push_back(i % 3 == 0 ? at(kxPointType, first) : line(first, second));
-        selection.back().object = RandomSelection::objectAt(i);
     }
-    EXPECT_TRUE(same(sortEntities(selection, kOrigin),
-                     literalPathOrder({selection.begin(), selection.end()}, kOrigin)));
+    compareWithJudge(selection);
+}
+
+TEST(PathOrder, MatchesTheLiteralWalkForADrawingOfManyContoursWhereverItLies) {
+    for (const Point& corner : {Point(0, 0, 0), Point(4.5e6, -5.2e6, 0), Point(1e15, 3e14, 0)}) {
+        compareWithJudge(sheet(corner, 3000));
+    }
+}
+
+TEST(PathOrder, MatchesTheLiteralWalkWhenFarPointsLieBetweenTheContours) {
+    for (const double far : {1e16, 1e17, 1e18, 1e30, 1e154, kInfinity, kNaN}) {
+        std::vector<Entity> selection = sheet(kOrigin, 1000);
+        for (const std::size_t place : {0U, 70U, 71U, 500U, 998U}) {
+            selection[place] = at(kxPointType, {far, -far, 0});
+        }
+        selection[300] = line({far, 0, 0}, {5, 5, 0});
+        compareWithJudge(selection);
+    }
 }
