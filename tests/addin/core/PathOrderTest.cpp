@@ -99,8 +99,9 @@ std::vector<Entity> sheet(const Point& corner, std::size_t count) {
     std::mt19937_64 random(count);
     std::vector<Entity> selection;
     for (int contour = 0; selection.size() < count; ++contour) {
+        const int row = contour / 15;
         const double x = corner.m_x + 20.0 * (contour % 15);
-        const double y = corner.m_y + 20.0 * (contour / 15);
+        const double y = corner.m_y + 20.0 * row;
         addContour(Point(x, y, 0), &random, &selection);
     }
     selection.resize(count);
