@@ -12,10 +12,13 @@
 #include <QPen>
 #include <QWheelEvent>
 
+#include "view/SceneData.h"
+
 namespace {
 
-/// How far from an object a click still means it, in logical pixels.
-constexpr double kPickDistance = 5;
+/// How far from an object a click still means it, in logical pixels: five, however the way to the
+/// drawing rounds.
+constexpr double kPickDistance = 5.001;
 constexpr double kZoomStep = 1.25;
 /// What one notch of a wheel turns.
 constexpr double kWheelNotch = 120;
@@ -23,6 +26,10 @@ constexpr double kArrowPart = 0.1;
 /// The hover is looked for at most this often.
 constexpr int kHoverMs = 10;
 constexpr int kBoxFillAlpha = 48;
+/// When more objects than this change, all is painted again.
+constexpr std::size_t kMostParts = 200;
+/// How far a mark or a bold line reaches beyond its object, in pixels.
+constexpr double kReach = 6;
 
 }  // namespace
 
@@ -51,7 +58,7 @@ void DrawingView::reload() {
 
 void DrawingView::showSelected(const std::vector<kxObject_ptr>& objects) {
     m_selection = objects;
-    const std::vector<bool> before = std::move(m_selected);
+    const std::vector<bool> before = m_selected;
     markSelected();
     repaintChanged(before);
 }
@@ -66,11 +73,29 @@ void DrawingView::markSelected() {
 }
 
 void DrawingView::repaintChanged(const std::vector<bool>& before) {
-    if (before == m_selected) {
-        return;
+    std::vector<std::size_t> changed;
+    for (std::size_t i = 0; i < m_selected.size(); ++i) {
+        if (m_selected[i] != before[i]) {
+            changed.push_back(i);
+        }
     }
-    m_frame.invalidate();
+    if (changed.size() > kMostParts) {
+        m_frame.invalidate();
+    } else {
+        for (const std::size_t object : changed) {
+            m_frame.invalidate(frameOf(object));
+        }
+    }
     update();
+}
+
+QRectF DrawingView::frameOf(std::size_t object) const {
+    const WorldBox& box = m_scene.data().outlines.boxes[object];
+    const QPointF topLeft = m_frame.base().toScreen({box.minX, box.maxY});
+    const QPointF bottomRight = m_frame.base().toScreen({box.maxX, box.minY});
+    // Letters reach beyond the box of a text by less than their height.
+    const double reach = kReach + (bottomRight.y() - topLeft.y()) / 2;
+    return QRectF(topLeft, bottomRight).adjusted(-reach, -reach, reach, reach);
 }
 
 void DrawingView::setOptions(const CanvasOptions& options) {

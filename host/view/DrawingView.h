@@ -87,6 +87,8 @@ private:
 
     void markSelected();
     void repaintChanged(const std::vector<bool>& before);
+    /// Where an object lies in the frame.
+    QRectF frameOf(std::size_t object) const;
     void paintOverlay(QPainter* painter) const;
     void paintBox(QPainter* painter) const;
 

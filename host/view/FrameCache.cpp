@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "view/FrameCache.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <QRect>
@@ -9,7 +10,9 @@
 namespace {
 
 int tileIndex(double device) {
-    return static_cast<int>(std::floor(device / FrameCache::kTileSize));
+    // Far beyond all tiles, and an int.
+    constexpr double kMost = 1e8;
+    return static_cast<int>(std::floor(std::clamp(device / FrameCache::kTileSize, -kMost, kMost)));
 }
 
 QRectF scaled(const QRectF& rect, double factor) {
@@ -31,7 +34,13 @@ void FrameCache::panBy(const QPointF& delta) {
     // Numbers of tiles are ints; nobody pans that far without a zoom, but a test may.
     constexpr double kFar = 1e6;
     if (std::max(std::abs(m_wantedShift.x()), std::abs(m_wantedShift.y())) > kFar) {
-        start(transform(), m_ratio);
+        ViewTransform there = m_base;
+        there.panBy(m_wantedShift);
+        there.resize(m_size);
+        there.panBy(QPointF(m_base.size().width() - m_size.width(),
+                            m_base.size().height() - m_size.height()) /
+                    2);
+        start(there, m_ratio);
     }
 }
 
