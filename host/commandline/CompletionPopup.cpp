@@ -40,6 +40,7 @@ void CompletionPopup::offer(const QStringList& names, int current) {
         hide();
         return;
     }
+    setFont(m_field->font());
     clear();
     addItems(names);
     setCurrentRow(current);
