@@ -38,7 +38,9 @@ endfunction()
 
 # What an earlier run left must not help.
 file(REMOVE_RECURSE "${WORK}")
-run("${CMAKE_COMMAND}" --install "${BUILD}" --config "${CONFIG}" --component sdk --prefix "${WORK}/sdk")
+foreach(component libraries sdk)
+  run("${CMAKE_COMMAND}" --install "${BUILD}" --config "${CONFIG}" --component ${component} --prefix "${WORK}/sdk")
+endforeach()
 build_against_sdk("${ADDIN}" "${WORK}/addin")
 build_against_sdk("${CONSUMER}" "${WORK}/consumer")
 
