@@ -2,19 +2,46 @@
 // SPDX-License-Identifier: MIT
 #include "openglplotter/PreviewPath.h"
 
+#include <algorithm>
+
 namespace {
 
 bool isLineEnd(char byte) {
     return byte == '\r' || byte == '\n';
 }
 
-/// The first place from `at` on where a line ends, or where none ends, or the end of the text.
-std::size_t findLineEnd(std::string_view text, std::size_t at, bool wanted) {
-    while (at < text.size() && isLineEnd(text[at]) != wanted) {
+/// The first place from `at` on where no line ends, or the end of the text.
+std::size_t skipLineEnds(std::string_view text, std::size_t at) {
+    while (at < text.size() && isLineEnd(text[at])) {
         ++at;
     }
     return at;
 }
+
+/// The ends of a text's lines, from first to last.
+class LineEnds {
+public:
+    explicit LineEnds(std::string_view text) : m_text(text) {}
+
+    /// The first place from `at` on where a line ends, or the end of the text.
+    std::size_t next(std::size_t at) {
+        // Each byte is looked for once: the library's search is faster than any loop over lines.
+        if (m_lineFeed < at || !m_hasLooked) {
+            m_lineFeed = std::min(m_text.find('\n', at), m_text.size());
+        }
+        if (m_return < at || !m_hasLooked) {
+            m_return = std::min(m_text.find('\r', at), m_text.size());
+        }
+        m_hasLooked = true;
+        return std::min(m_lineFeed, m_return);
+    }
+
+private:
+    std::string_view m_text;
+    std::size_t m_lineFeed = 0;
+    std::size_t m_return = 0;
+    bool m_hasLooked = false;
+};
 
 /// Counts the ends of lines; two different bytes next to each other are one.
 std::size_t countLineEnds(std::string_view text) {
@@ -44,8 +71,9 @@ PreviewPath interpretProgram(std::string_view text, std::size_t maxVertices) {
     GCodeParserN parser(maxVertices);
     PreviewPath path;
     // Without blank lines any run of line end bytes separates two lines.
-    for (std::size_t begin = findLineEnd(text, 0, false); begin < text.size();) {
-        const std::size_t end = findLineEnd(text, begin, true);
+    LineEnds ends(text);
+    for (std::size_t begin = skipLineEnds(text, 0); begin < text.size();) {
+        const std::size_t end = ends.next(begin);
         parser.parse(text.substr(begin, end - begin));
         parser.executeGCodes();
         if (parser.isCutShort()) {
@@ -53,7 +81,7 @@ PreviewPath interpretProgram(std::string_view text, std::size_t maxVertices) {
             path.stop = PathStop{static_cast<std::size_t>(parser.GetVector().size()), line, begin};
             break;
         }
-        begin = findLineEnd(text, end, false);
+        begin = skipLineEnds(text, end);
     }
     path.vertices = parser.GetVector();
     path.colors = parser.GetColorVector();

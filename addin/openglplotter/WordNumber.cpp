@@ -19,16 +19,6 @@ bool isOverflow(std::string_view number) {
     return whole.find_first_of("123456789") != std::string_view::npos;
 }
 
-float narrow(double value) {
-    if (std::fabs(value) > static_cast<double>(std::numeric_limits<float>::max())) {
-        return std::copysign(std::numeric_limits<float>::infinity(),
-                             static_cast<float>(value < 0 ? -1 : 1));
-    }
-    const float narrowed = static_cast<float>(value);
-    // What vanishes loses its sign too; a zero that was written keeps it.
-    return narrowed == 0 && value != 0 ? 0.0F : narrowed;
-}
-
 }  // namespace
 
 float wordNumber(std::string_view text) {
@@ -48,9 +38,9 @@ float wordNumber(std::string_view text) {
     }
     if (error == std::errc::result_out_of_range) {
         value = isOverflow(text) ? std::numeric_limits<double>::infinity() : 0.0;
-        return value == 0 ? 0.0F : narrow(negative ? -value : value);
+        return value == 0 ? 0.0F : narrowNumber(negative ? -value : value);
     }
-    return narrow(negative ? -value : value);
+    return narrowNumber(negative ? -value : value);
 }
 
 int truncateToInt(float value) {

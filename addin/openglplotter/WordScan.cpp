@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "openglplotter/WordScan.h"
 
-#include <algorithm>
+#include <cstddef>
+#include <optional>
 
 #include "openglplotter/WordNumber.h"
 
@@ -31,11 +32,50 @@ std::uint8_t kindOf(char byte) {
     return kKinds[static_cast<unsigned char>(byte)];
 }
 
+bool isDigit(char byte) {
+    return byte >= '0' && byte <= '9';
+}
+
 std::size_t endOfNumber(std::string_view line, std::size_t begin) {
     while (begin < line.size() && kindOf(line[begin]) == kNumberPart) {
         ++begin;
     }
     return begin;
+}
+
+/// A number as nearly all are written, of at most 15 digits: their integer and the power of ten
+/// are exact in double, so one division rounds as reading the text does. Nothing, with `at` left
+/// alone, for any other text.
+std::optional<float> readPlainNumber(std::string_view line, std::size_t* at) {
+    static constexpr std::array<double, 16> kPowersOfTen = {
+        1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const char* const begin = line.data() + *at;
+    const char* const end = line.data() + line.size();
+    const char* p = begin;
+    const bool negative = p != end && *p == '-';
+    p += p != end && (*p == '-' || *p == '+') ? 1 : 0;
+    std::uint64_t digits = 0;  // Wraps beyond what counts.
+    const char* const whole = p;
+    for (; p != end && isDigit(*p); ++p) {
+        digits = digits * 10 + static_cast<unsigned char>(*p - '0');
+    }
+    std::ptrdiff_t count = p - whole;
+    std::size_t decimals = 0;
+    if (p != end && *p == '.') {
+        const char* const fraction = ++p;
+        for (; p != end && isDigit(*p); ++p) {
+            digits = digits * 10 + static_cast<unsigned char>(*p - '0');
+        }
+        decimals = static_cast<std::size_t>(p - fraction);
+        count += p - fraction;
+    }
+    if (count == 0 || count > 15 || (p != end && kindOf(*p) == kNumberPart)) {
+        return std::nullopt;
+    }
+    *at += static_cast<std::size_t>(p - begin);
+    const double value =
+        static_cast<double>(static_cast<std::int64_t>(digits)) / kPowersOfTen[decimals];
+    return narrowNumber(negative ? -value : value);
 }
 
 }  // namespace
@@ -54,9 +94,13 @@ WordSet scanWords(std::string_view line, WordValues* values) {
         if ((valued & bit) != 0) {
             continue;
         }
-        const std::size_t end = endOfNumber(line, i + 1);
+        std::size_t end = i + 1;
+        const std::optional<float> value = readPlainNumber(line, &end);
+        if (!value) {
+            end = endOfNumber(line, i + 1);
+        }
         if (end > i + 1) {
-            (*values)[kind] = wordNumber(line.substr(i + 1, end - i - 1));
+            (*values)[kind] = value ? *value : wordNumber(line.substr(i + 1, end - i - 1));
             valued |= bit;
             i = end - 1;
         }

@@ -3,6 +3,8 @@
 #include <benchmark/benchmark.h>
 
 #include <QString>
+#include <array>
+#include <charconv>
 #include <random>
 #include <string>
 
@@ -44,6 +46,45 @@ void report(benchmark::State& state, std::size_t lines, const std::string& text)
     state.SetItemsProcessed(rounds * static_cast<std::int64_t>(lines));
     state.SetBytesProcessed(rounds * static_cast<std::int64_t>(text.size()));
 }
+
+/// The least that must be done: one scan of the bytes, each number converted, a vertex and a colour
+/// for each line with a coordinate.
+PreviewPath floorPath(const std::string& text) {
+    PreviewPath path;
+    std::array<float, 256> values{};
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    bool moves = false;
+    while (at != end) {
+        const auto letter = static_cast<unsigned char>(*at++);
+        if (letter == '\n') {
+            if (moves) {
+                path.vertices.append(Point3d(values['X'], values['Y'], values['Z']));
+                path.colors.append(Color(0, 1, 0, 0));
+            }
+            moves = false;
+        } else if (letter >= 'A' && letter <= 'Z') {
+            double value = 0;
+            const auto [behind, error] = std::from_chars(at, end, value);
+            if (error == std::errc()) {
+                at = behind;
+                values[letter] = static_cast<float>(value);
+                moves = moves || letter >= 'X';
+            }
+        }
+    }
+    return path;
+}
+
+void bareScan(benchmark::State& state) {
+    const auto lines = static_cast<std::size_t>(state.range(0));
+    const std::string text = surfaceProgram(lines);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(floorPath(text));
+    }
+    report(state, lines, text);
+}
+BENCHMARK(bareScan)->Arg(kMillion)->Unit(benchmark::kMillisecond);
 
 void fast(benchmark::State& state) {
     const auto lines = static_cast<std::size_t>(state.range(0));

@@ -4,7 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <random>
 #include <string>
+
+#include "openglplotter/WordNumber.h"
 
 namespace {
 
@@ -57,6 +61,25 @@ TEST(WordScan, OfAllBytesOnlyDigitsPointsAndSignsContinueANumber) {
             expected = 0;
         }
         EXPECT_EQ(values[wordIndex('X')], expected) << byte;
+    }
+}
+
+TEST(WordScan, NumbersOfAnyLengthAreReadAsTheirWholeTextIs) {
+    // Digits, points and signs at random, beyond what the short way takes; every bit must agree.
+    std::mt19937_64 random(2026);
+    WordValues values{};
+    for (int round = 0; round < 300'000 && !HasFailure(); ++round) {
+        static constexpr std::string_view kParts = "00123456789..-+";
+        const std::size_t kinds = random() % 4 == 0 ? kParts.size() : kParts.size() - 4;
+        std::string number(random() % 2 == 0 ? "-" : "");
+        const std::size_t length = random() % 24;
+        const std::size_t point = random() % 24;
+        for (std::size_t i = 0; i < length; ++i) {
+            number += i == point ? '.' : kParts[random() % kinds];
+        }
+        scanWords("X" + number + " ", &values);
+        const float expected = wordNumber(number);
+        EXPECT_EQ(std::memcmp(&values[wordIndex('X')], &expected, sizeof expected), 0) << number;
     }
 }
 
