@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include <QAction>
 #include <QDockWidget>
 #include <QPushButton>
 #include <QSettings>

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include <QAction>
 #include <QDropEvent>
 #include <QFile>
 #include <QLabel>
@@ -134,9 +135,13 @@ TEST_F(MainWindowTabsTest, AReloadThatFailsKeepsWhatIsOpen) {
 TEST_F(MainWindowTabsTest, ADroppedDrawingIsOpened) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(writeMixed())});
-    QDropEvent event(QPointF(300, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window.get(), &event);
-    EXPECT_TRUE(waitUntil([this] { return tab() != nullptr; }));
+    // As the window system sends them while the mouse is dragged.
+    QDragEnterEvent enter(QPoint(300, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(300, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.get(), &drop);
+    ASSERT_TRUE(waitUntil([this] { return tab() != nullptr; }));
     EXPECT_EQ(tab()->name(), "mixed.dxf");
 }
 
