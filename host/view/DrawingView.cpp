@@ -195,10 +195,7 @@ void DrawingView::paintEvent(QPaintEvent* event) {
 
 void DrawingView::paintOverlay(QPainter* painter) const {
     if (m_hovered) {
-        painter->save();
-        painter->translate(m_frame.shift());
-        CanvasPainter(m_scene, m_frame.base(), m_options).paintHovered(painter, *m_hovered);
-        painter->restore();
+        CanvasPainter(m_scene, m_transform, m_options).paintHovered(painter, *m_hovered);
     }
     if (m_box && m_cursor) {
         paintBox(painter);

@@ -3,9 +3,16 @@
 #include "view/FrameCache.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <cstddef>
+#include <memory>
+#include <vector>
 
 #include <QRect>
+#include <QSemaphore>
+#include <QThread>
+#include <QThreadPool>
 
 namespace {
 
@@ -17,6 +24,29 @@ int tileIndex(double device) {
 
 QRectF scaled(const QRectF& rect, double factor) {
     return {rect.topLeft() * factor, rect.size() * factor};
+}
+
+/// Calls `work` for each index below `count`, in this thread and others that are free; returns when
+/// all are done.
+void forEachInThreads(std::size_t count, const std::function<void(std::size_t)>& work) {
+    std::atomic<std::size_t> next = 0;
+    const auto workOff = [&] {
+        for (std::size_t i = next++; i < count; i = next++) {
+            work(i);
+        }
+    };
+    // Outlives this call by as much as the last helper needs to let go of it.
+    const auto done = std::make_shared<QSemaphore>();
+    const int most = std::min(static_cast<int>(count), QThread::idealThreadCount());
+    int helpers = 0;
+    while (helpers + 1 < most && QThreadPool::globalInstance()->tryStart([&workOff, done] {
+        workOff();
+        done->release();
+    })) {
+        ++helpers;
+    }
+    workOff();
+    done->acquire(helpers);
 }
 
 }  // namespace
@@ -84,22 +114,35 @@ void FrameCache::invalidate(const QRectF& part) {
 int FrameCache::draw(QPainter* painter, const QRectF& target, const PaintPart& paint) {
     const QPoint shift = deviceShift();
     const QRect tiles = tilesOf(scaled(target, m_ratio).translated(-shift));
-    int painted = 0;
+    const int painted = paintMissing(tiles, paint);
     painter->save();
     painter->scale(1 / m_ratio, 1 / m_ratio);
     for (int y = tiles.top(); y <= tiles.bottom(); ++y) {
         for (int x = tiles.left(); x <= tiles.right(); ++x) {
-            QImage& tile = m_tiles[{x, y}];
-            if (tile.isNull()) {
-                tile = paintTile({x, y}, paint);
-                ++painted;
-            }
-            painter->drawImage(QPoint(x, y) * kTileSize + shift, tile);
+            painter->drawImage(QPoint(x, y) * kTileSize + shift, m_tiles.value({x, y}));
         }
     }
     painter->restore();
     forgetFarTiles();
     return painted;
+}
+
+int FrameCache::paintMissing(const QRect& tiles, const PaintPart& paint) {
+    std::vector<TileKey> missing;
+    for (int y = tiles.top(); y <= tiles.bottom(); ++y) {
+        for (int x = tiles.left(); x <= tiles.right(); ++x) {
+            if (!m_tiles.contains({x, y})) {
+                missing.emplace_back(x, y);
+            }
+        }
+    }
+    std::vector<QImage> images(missing.size());
+    forEachInThreads(missing.size(),
+                     [&](std::size_t i) { images[i] = paintTile(missing[i], paint); });
+    for (std::size_t i = 0; i < missing.size(); ++i) {
+        m_tiles.insert(missing[i], images[i]);
+    }
+    return static_cast<int>(missing.size());
 }
 
 QImage FrameCache::paintTile(const TileKey& key, const PaintPart& paint) const {

@@ -22,7 +22,8 @@ class FrameCache {
 public:
     /// Side of a tile in device pixels.
     static constexpr int kTileSize = 256;
-    /// Paints a part of the frame, given in pixels of `base()`.
+    /// Paints a part of the frame, given in pixels of `base()`. Called for several parts at once,
+    /// from several threads.
     using PaintPart = std::function<void(QPainter* painter, const QRectF& part)>;
 
     /// Forgets all tiles; the frame lies where `transform` shows the drawing.
@@ -52,6 +53,7 @@ private:
 
     QPoint deviceShift() const;
     QRect tilesOf(const QRectF& devicePart) const;
+    int paintMissing(const QRect& tiles, const PaintPart& paint);
     QImage paintTile(const TileKey& key, const PaintPart& paint) const;
     void forgetFarTiles();
 
