@@ -54,7 +54,8 @@ public:
                   const CanvasOptions& options);
 
     /// Background, grid, axes and objects inside of `part` (logical pixels); `selected` says for
-    /// each object of the scene whether it is drawn as selected.
+    /// each object of the scene whether it is drawn as selected. Parts may be painted at once, each
+    /// by a painter and a thread of its own.
     void paint(QPainter* painter, const QRectF& part, const std::vector<bool>& selected) const;
     /// One object on top, as it is drawn under the cursor.
     void paintHovered(QPainter* painter, std::size_t object) const;
