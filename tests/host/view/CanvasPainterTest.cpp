@@ -226,6 +226,15 @@ TEST(CanvasPainter, NothingIsDrawnOutsideOfThePart) {
     }
 }
 
+void paintTiles(const CanvasPainter& canvas, const std::vector<bool>& selected, int size,
+                QPainter* painter) {
+    for (int y = 0; y < kHeight; y += size) {
+        for (int x = 0; x < kWidth; x += size) {
+            canvas.paint(painter, QRectF(x, y, size, size), selected);
+        }
+    }
+}
+
 TEST(CanvasPainter, PartsPaintedOneByOneMatchTheWhole) {
     const SceneFixture fixture(RandomObjects(7).take(400));
     const ViewTransform view = viewOf({3, 4}, 1.7);
@@ -233,15 +242,9 @@ TEST(CanvasPainter, PartsPaintedOneByOneMatchTheWhole) {
     for (std::size_t i = 0; i < selected.size(); i += 3) {
         selected[i] = true;
     }
+    const CanvasPainter canvas(fixture.scene, view, {});
     const auto paintIn = [&](int size) {
-        return painted([&](QPainter* painter) {
-            for (int y = 0; y < kHeight; y += size) {
-                for (int x = 0; x < kWidth; x += size) {
-                    CanvasPainter(fixture.scene, view, {})
-                        .paint(painter, QRectF(x, y, size, size), selected);
-                }
-            }
-        });
+        return painted([&](QPainter* painter) { paintTiles(canvas, selected, size, painter); });
     };
     const QImage whole = paintIn(1000);
     const QImage parts = paintIn(50);
