@@ -103,6 +103,9 @@ Drawings::Opening Drawings::openNow(const QString& path, QString* error) {
     }
     if (!result || !result->drawing) {
         m_watch.remove(file);
+        if (!QFileInfo::exists(file)) {
+            m_parts.recent->remove(file);
+        }
         *error = result ? QString::fromStdString(result->error.toText()) : QString();
         return result ? Opening::Failed : Opening::Cancelled;
     }

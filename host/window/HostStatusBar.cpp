@@ -31,6 +31,10 @@ HostStatusBar::HostStatusBar(QWidget* parent)
     m_unit->setToolTip(tr("The drawing's unit"));
     m_unit->setPopupMode(QToolButton::InstantPopup);
     m_unit->setAutoRaise(true);
+    // Room for the arrow, which some styles draw over the text.
+    m_unit->setStyleSheet(
+        "QToolButton { padding-right: 14px; }"
+        "QToolButton::menu-indicator { subcontrol-position: right center; }");
     auto* menu = new QMenu(m_unit);
     connect(menu->addAction(tr("Millimetres (&mm)")), &QAction::triggered, this,
             [this] { Q_EMIT unitChosen(1); });

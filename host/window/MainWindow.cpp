@@ -198,7 +198,9 @@ void MainWindow::connectCommandLine() {
         if (active && tab != nullptr) {
             // Where objects are pointed at, and Enter and Escape end it.
             tab->view()->setFocus();
-            m_statusBar->setHint(m_commandLine->prompt());
+            QString hint = m_commandLine->prompt();
+            hint.chop(hint.endsWith(':') ? 1 : 0);
+            m_statusBar->setHint(hint);
         } else {
             m_statusBar->setHint(QString());
         }
@@ -213,7 +215,10 @@ void MainWindow::connectCommandLine() {
 void MainWindow::attach(DrawingTab* tab) {
     tab->view()->setOptions(m_settings.canvas);
     m_measure->attach(tab);
-    connect(tab, &DrawingTab::typed, m_commandLine, &CommandLine::typeHere);
+    connect(tab, &DrawingTab::typed, this, [this](const QString& text) {
+        m_commandDock->show();
+        m_commandLine->typeHere(text);
+    });
     connect(tab->view(), &DrawingView::hintChanged, m_statusBar, &HostStatusBar::setHint);
     connect(tab->view(), &DrawingView::cursorLeft, m_statusBar, &HostStatusBar::clearCursor);
     connect(tab->view(), &DrawingView::cursorMoved, this, [this, tab](const QPointF& world) {
