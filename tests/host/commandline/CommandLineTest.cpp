@@ -56,8 +56,8 @@ TEST_F(CommandLineTest, ThePromptIsSaidToScreenReadersAndShownAsPlainText) {
 TEST_F(CommandLineTest, ALongPromptDoesNotWidenTheWindow) {
     const int before = line->minimumSizeHint().width();
     line->setPrompt(QString("Select ").repeated(200));
+    QCoreApplication::processEvents();
     EXPECT_EQ(line->minimumSizeHint().width(), before);
-    QTest::qWait(0);
     EXPECT_GE(input->width(), input->fontMetrics().averageCharWidth() * 12);
 }
 
