@@ -138,9 +138,9 @@ protected:
         EXPECT_EQ(find<QLabel>("statusSelection")->text(), "Nothing selected");
     }
     void selectWithABox() {
-        drag(at(-8, 88), at(128, -8));
+        drag(at(-3, 83), at(123, -3));
         picture("window-box");
-        dropBox(at(128, -8));
+        dropBox(at(123, -3));
         picture("selected");
         EXPECT_EQ(selectedCount(), tab()->document()->GetObjects().size());
     }
