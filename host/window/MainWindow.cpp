@@ -82,6 +82,8 @@ MainWindow::MainWindow() : m_settings(HostSettings::load()) {
 
 MainWindow::~MainWindow() {
     end();
+    // While there still is a window to be told what becomes of them.
+    qDeleteAll(findChildren<DrawingTab*>());
 }
 
 void MainWindow::createParts() {

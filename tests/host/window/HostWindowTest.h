@@ -48,6 +48,8 @@ protected:
     /// Where a place of the drawing lies in the view.
     QPoint at(double x, double y) const;
     void clickAt(double x, double y, Qt::KeyboardModifiers held = Qt::NoModifier) const;
+    /// Where the keyboard's focus is.
+    void press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) const;
     void pressInView(Qt::Key key) const;
     std::size_t selectedCount() const;
     /// Clicks "Generate" with a step that happens while the prompt waits.

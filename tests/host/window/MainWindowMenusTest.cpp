@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
-#include <QTest>
 
 #include "HostWindowTest.h"
 #include "window/AddinPanes.h"
@@ -119,9 +118,9 @@ TEST_F(MainWindowMenusTest, ActionsThatNeedADrawingWaitForOne) {
 
 TEST_F(MainWindowMenusTest, AShortcutReachesItsCommandFromTheView) {
     open(example("flange.dxf"));
-    QTest::keyClick(window->focusWidget(), Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(selectedCount(), 18U);
-    QTest::keyClick(window->focusWidget(), Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(selectedCount(), 0U);
 }
 
@@ -152,7 +151,7 @@ TEST_F(MainWindowMenusTest, AnEmptyEnterRepeatsTheLastCommand) {
 
 TEST_F(MainWindowMenusTest, TypingInTheViewGoesToTheCommandLine) {
     open(writeMixed());
-    QTest::keyClick(window->focusWidget(), Qt::Key_Z);
+    press(Qt::Key_Z);
     EXPECT_EQ(find<QLineEdit>("commandInput")->text(), "z");
     EXPECT_EQ(window->focusWidget(), find<QLineEdit>("commandInput"));
 }

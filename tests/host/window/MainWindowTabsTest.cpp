@@ -37,7 +37,7 @@ TEST_F(MainWindowTabsTest, TheTabInFrontIsTheActiveDrawing) {
     QTest::mouseClick(const_cast<QTabBar*>(bar), Qt::LeftButton, Qt::NoModifier,
                       bar->tabRect(0).center());
     EXPECT_EQ(active(), first->document().get());
-    QTest::keyClick(window->focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+    press(Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(active(), second->document().get());
 }
 
