@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include <QCoreApplication>
 #include <QDockWidget>
 #include <QMainWindow>
 
@@ -31,9 +32,26 @@ QWidget* makePane() {
     return pane;
 }
 
+/// Docks in tabs lie upon each other, and the one in front would not cover the pane's own window.
+void hideBehindTabs(QDockWidget* dock) {
+    QObject::connect(dock, &QDockWidget::visibilityChanged, dock, [dock](bool isSeen) {
+        // Neither is there while the window is destroyed.
+        const auto* const window = qobject_cast<QMainWindow*>(dock->parentWidget());
+        if (window == nullptr || dock->widget() == nullptr) {
+            return;
+        }
+        const bool isBehind =
+            !isSeen && !dock->isHidden() && !window->tabifiedDockWidgets(dock).isEmpty();
+        dock->widget()->setVisible(!isBehind);
+    });
+}
+
 }  // namespace
 
-AddinPanes::AddinPanes(QMainWindow* window) : QObject(window), m_window(window) {}
+AddinPanes::AddinPanes(QMainWindow* window) : QObject(window), m_window(window) {
+    // Else a pane's own window would give one to every widget of the main window.
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+}
 
 kxWindowHandle AddinPanes::create(const kxPaneRequest& request) {
     const QString title = toQString(request.title);
@@ -43,6 +61,7 @@ kxWindowHandle AddinPanes::create(const kxPaneRequest& request) {
     dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     QWidget* const pane = makePane();
     dock->setWidget(new PaneScrollArea(pane, kPaneWidth));
+    hideBehindTabs(dock);
     if (!m_window->restoreDockWidget(dock)) {
         const bool left = request.area == kxCustomPropertyControlArea_Left;
         m_window->addDockWidget(left ? Qt::LeftDockWidgetArea : Qt::RightDockWidgetArea, dock);

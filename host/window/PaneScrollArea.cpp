@@ -19,6 +19,9 @@ PaneScrollArea::PaneScrollArea(QWidget* pane, int paneWidth) : m_paneWidth(paneW
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);
+    QSizePolicy policy = sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
     // The pane has a window of its own, and only one of the viewport's own cuts that off.
     viewport()->setAttribute(Qt::WA_DontCreateNativeAncestors);
     viewport()->setAttribute(Qt::WA_NativeWindow);

@@ -93,6 +93,7 @@ bool waitQuietly(QEventLoop* waiting) {
     bool wasTooShort = false;
     QTimer timer;
     timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer, &QTimer::timeout, waiting, [&] {
         wasTooShort = true;
         waiting->quit();
