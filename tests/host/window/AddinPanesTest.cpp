@@ -300,6 +300,7 @@ TEST_F(AddinPanesTest, A_dock_of_the_host_covers_a_pane_behind_its_tab) {
     layers->setWidget(coloured("#00ff00"));
     window->addDockWidget(Qt::RightDockWidgetArea, layers);
     window->tabifyDockWidget(dock(), layers);
+    letPass(30);
     layers->raise();
     const QPoint place(window->width() - 100, window->height() / 2);
     EXPECT_TRUE(waitUntil([&] { return seenAt(*window, place) == QColor(Qt::green); }));
