@@ -17,7 +17,7 @@ namespace {
 constexpr double kWildest = 1e17;
 constexpr float kNowhere = std::numeric_limits<float>::quiet_NaN();
 
-bool isTame(double coordinate) {
+bool isUsual(double coordinate) {
     return std::fabs(coordinate) <= kWildest;
 }
 
@@ -90,13 +90,21 @@ private:
 
 }  // namespace
 
-void DistanceFilter::Part::add(double x, double y) {
+bool DistanceFilter::isTame() const {
+    return std::none_of(m_groups.begin(), m_groups.end(),
+                        [](const Part& group) { return group.isWild; });
+}
+
+bool DistanceFilter::isTame(const Point& point) {
+    return isUsual(point.m_x) && isUsual(point.m_y) && isUsual(point.m_z);
+}
+
+void DistanceFilter::Part::add(const Point& point) {
     // What is no number is nowhere, and compares so.
-    minX = x < minX ? x : minX;
-    maxX = x > maxX ? x : maxX;
-    minY = y < minY ? y : minY;
-    maxY = y > maxY ? y : maxY;
-    isWild = isWild || !isTame(x) || !isTame(y);
+    minX = point.m_x < minX ? point.m_x : minX;
+    maxX = point.m_x > maxX ? point.m_x : maxX;
+    minY = point.m_y < minY ? point.m_y : minY;
+    maxY = point.m_y > maxY ? point.m_y : maxY;
 }
 
 void DistanceFilter::Part::add(const Part& other) {
@@ -121,11 +129,13 @@ void DistanceFilter::surround(const std::vector<Entity>& rows) {
         Part& block = m_blocks[row / kBlock];
         const Entity& entity = rows[row];
         ++block.rows;
+        block.isWild = block.isWild || !isTame(entity.firstPoint);
         if (hasFirst(entity)) {
-            block.add(entity.firstPoint.m_x, entity.firstPoint.m_y);
+            block.add(entity.firstPoint);
         }
         if (hasSecond(entity)) {
-            block.add(entity.secondPoint.m_x, entity.secondPoint.m_y);
+            block.add(entity.secondPoint);
+            block.isWild = block.isWild || !isTame(entity.secondPoint);
         }
     }
     for (std::size_t block = 0; block < m_blocks.size(); ++block) {
@@ -180,7 +190,7 @@ void DistanceFilter::remove(std::size_t row) {
 
 void DistanceFilter::measureFrom(const Point& from) {
     m_from = from;
-    m_isFromWild = !isTame(from.m_x) || !isTame(from.m_y);
+    m_isFromWild = !isTame(from);
     if (m_isFromWild) {
         return;
     }

@@ -39,6 +39,10 @@ public:
     Found next(std::size_t block, double bar) const;
     std::size_t blockCount() const { return m_blocks.size(); }
 
+    /// Whether all coordinates, and so all distances, are numbers of a usual size.
+    bool isTame() const;
+    static bool isTame(const Point& point);
+
 private:
     static constexpr std::size_t kGroup = 16;
 
@@ -49,10 +53,10 @@ private:
         double maxX = -std::numeric_limits<double>::infinity();
         double maxY = -std::numeric_limits<double>::infinity();
         std::size_t rows = 0;
-        /// It holds coordinates that single precision can't measure.
+        /// It holds coordinates that are no numbers or beyond what single precision measures.
         bool isWild = false;
 
-        void add(double x, double y);
+        void add(const Point& point);
         void add(const Part& other);
     };
     /// The points of a block in single precision, relative to the middle of the list.

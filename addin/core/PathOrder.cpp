@@ -6,9 +6,14 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <limits>
+#include <numeric>
+#include <optional>
 #include <utility>
 
 #include "core/DistanceFilter.h"
+#include "core/SwapHistory.h"
 
 namespace GCode {
 
@@ -20,18 +25,33 @@ public:
     explicit RemainingList(std::vector<Entity> selection);
 
     bool empty() const { return m_live == 0; }
+    bool isTame() const { return m_filter.isTame(); }
+    /// The first entity's row in the list as it was given.
+    std::size_t head() const { return m_rows[m_head]; }
 
-    /// One pass over the list: the entity nearest to `from`, removed.
-    Entity takeNearest(const Point& from);
+    struct Taken {
+        Entity entity;
+        /// In the list as it was given.
+        std::size_t row = 0;
+    };
+    /// One pass over the list: the entity nearest to `from`, removed. Lines that were nearer than
+    /// all before them are turned.
+    Taken takeNearest(const Point& from);
+    /// The same entity, found faster because no line is turned.
+    Taken takeNearestAsItIs(const Point& from);
 
 private:
     struct Pass {
         Point from;
         double bar;
         std::size_t candidate;
+        bool turnsLines;
     };
 
     void load();
+    double barNearby(const Point& from) const;
+    double reach(const Point& from, std::size_t row) const;
+    Taken walkAndTake(Pass pass);
     void walk(const DistanceFilter::Found& near, Pass* pass);
     void offer(std::size_t row, Pass* pass);
     void offerLine(std::size_t row, Pass* pass);
@@ -39,13 +59,18 @@ private:
     void closeGaps();
 
     std::vector<Entity> m_entities;
+    std::vector<std::size_t> m_rows;
     std::vector<char> m_removed;
     DistanceFilter m_filter;
     std::size_t m_head = 0;
     std::size_t m_live = 0;
+    /// Where the last entity was taken.
+    std::size_t m_last = 0;
 };
 
-RemainingList::RemainingList(std::vector<Entity> selection) : m_entities(std::move(selection)) {
+RemainingList::RemainingList(std::vector<Entity> selection)
+    : m_entities(std::move(selection)), m_rows(m_entities.size()) {
+    std::iota(m_rows.begin(), m_rows.end(), std::size_t{0});
     load();
 }
 
@@ -56,18 +81,57 @@ void RemainingList::load() {
     m_filter.load(m_entities);
 }
 
-Entity RemainingList::takeNearest(const Point& from) {
+RemainingList::Taken RemainingList::takeNearest(const Point& from) {
     // Only the first point of the head sets the bar, in the first pass too: the head is the first
     // to be offered, and a line brings the bar down to its nearer end by itself.
-    Pass pass{from, distance(from, m_entities[m_head].firstPoint), m_head};
+    return walkAndTake({from, distance(from, m_entities[m_head].firstPoint), m_head, true});
+}
+
+RemainingList::Taken RemainingList::takeNearestAsItIs(const Point& from) {
+    const double bar = distance(from, m_entities[m_head].firstPoint);
+    const double nearby = barNearby(from);
+    // Just above what is known to be there, so that the walk comes upon it and ties stay ties.
+    const double lowered = std::nextafter(nearby, std::numeric_limits<double>::infinity());
+    return walkAndTake({from, lowered < bar ? lowered : bar, m_head, false});
+}
+
+double RemainingList::barNearby(const Point& from) const {
+    // In a drawing the next entity mostly stands beside the last one.
+    constexpr std::size_t kLook = 6;
+    double bar = std::numeric_limits<double>::infinity();
+    const std::size_t begin = m_last < kLook ? 0 : m_last - kLook;
+    const std::size_t end = std::min(m_last + kLook, m_entities.size());
+    for (std::size_t row = begin; row < end; ++row) {
+        if (m_removed[row] == 0) {
+            bar = std::min(bar, reach(from, row));
+        }
+    }
+    return bar;
+}
+
+double RemainingList::reach(const Point& from, std::size_t row) const {
+    const Entity& entity = m_entities[row];
+    switch (entity.type) {
+        case kxLineType:
+            return std::min(distance(from, entity.firstPoint), distance(from, entity.secondPoint));
+        case kxCircleType:
+        case kxCircleArcType:
+        case kxPointType:
+            return distance(from, entity.firstPoint);
+        default:
+            return std::numeric_limits<double>::infinity();
+    }
+}
+
+RemainingList::Taken RemainingList::walkAndTake(Pass pass) {
     // What lies beyond the bar can't become the candidate, and is left alone by the walk.
-    m_filter.measureFrom(from);
+    m_filter.measureFrom(pass.from);
     DistanceFilter::Found near = m_filter.next(m_head / DistanceFilter::kBlock, pass.bar);
     while (near.block < m_filter.blockCount()) {
         walk(near, &pass);
         near = m_filter.next(near.block + 1, pass.bar);
     }
-    Entity taken = m_entities[pass.candidate];
+    const Taken taken{m_entities[pass.candidate], m_rows[pass.candidate]};
     remove(pass.candidate);
     return taken;
 }
@@ -114,7 +178,7 @@ void RemainingList::offerLine(std::size_t row, Pass* pass) {
     }
     pass->bar = shorter;
     pass->candidate = row;
-    if (flip) {
+    if (flip && pass->turnsLines) {
         // A line that loses later in the pass stays swapped.
         std::swap(line.firstPoint, line.secondPoint);
     }
@@ -124,6 +188,7 @@ void RemainingList::remove(std::size_t row) {
     m_removed[row] = 1;
     m_filter.remove(row);
     --m_live;
+    m_last = row;
     while (m_head < m_entities.size() && m_removed[m_head] != 0) {
         ++m_head;
     }
@@ -135,13 +200,71 @@ void RemainingList::remove(std::size_t row) {
 
 void RemainingList::closeGaps() {
     std::size_t kept = 0;
+    std::size_t last = 0;
     for (std::size_t row = m_head; row < m_entities.size(); ++row) {
+        if (row == m_last) {
+            last = kept;
+        }
         if (m_removed[row] == 0) {
-            m_entities[kept++] = m_entities[row];
+            m_entities[kept] = m_entities[row];
+            m_rows[kept++] = m_rows[row];
         }
     }
+    m_last = last;
     m_entities.resize(kept);
+    m_rows.resize(kept);
     load();
+}
+
+const Point& endOf(const Entity& entity) {
+    return entity.type == kxLineType ? entity.secondPoint : entity.firstPoint;
+}
+
+std::vector<Entity> walkTurningLines(RemainingList remaining, Point from) {
+    std::vector<Entity> path;
+    while (!remaining.empty()) {
+        path.push_back(remaining.takeNearest(from).entity);
+        from = endOf(path.back());
+    }
+    return path;
+}
+
+/// Turns a line that was taken to its nearer end. False when it can't be told in time how a line
+/// with equally near ends stands.
+bool turn(Entity* line, const Point& from, std::size_t row, SwapHistory* history) {
+    const double toFirst = distance(from, line->firstPoint);
+    const double toSecond = distance(from, line->secondPoint);
+    bool swaps = toSecond < toFirst;
+    if (toSecond == toFirst &&
+        std::memcmp(&line->firstPoint, &line->secondPoint, sizeof(Point)) != 0) {
+        const std::optional<bool> wasSwapped = history->isSwapped(row);
+        if (!wasSwapped) {
+            return false;
+        }
+        // Equally near ends change places once more.
+        swaps = !*wasSwapped;
+    }
+    if (swaps) {
+        std::swap(line->firstPoint, line->secondPoint);
+    }
+    return true;
+}
+
+/// The same path without turning lines on the way; nothing when that takes too long.
+std::optional<std::vector<Entity>> walkLookingBack(RemainingList remaining, Point from,
+                                                   SwapHistory history) {
+    std::vector<Entity> path;
+    while (!remaining.empty()) {
+        const std::size_t head = remaining.head();
+        RemainingList::Taken taken = remaining.takeNearestAsItIs(from);
+        history.add(from, head, taken.row);
+        if (taken.entity.type == kxLineType && !turn(&taken.entity, from, taken.row, &history)) {
+            return std::nullopt;
+        }
+        path.push_back(taken.entity);
+        from = endOf(taken.entity);
+    }
+    return path;
 }
 
 }  // namespace
@@ -154,16 +277,14 @@ double distance(const Point& a, const Point& b) {
 }
 
 std::vector<Entity> sortEntities(std::vector<Entity> selection, const Point& start) {
-    std::vector<Entity> path;
-    path.reserve(selection.size());
-    RemainingList remaining(std::move(selection));
-    Point from = start;
-    while (!remaining.empty()) {
-        path.push_back(remaining.takeNearest(from));
-        const Entity& taken = path.back();
-        from = taken.type == kxLineType ? taken.secondPoint : taken.firstPoint;
+    RemainingList remaining(selection);
+    if (remaining.isTame() && DistanceFilter::isTame(start)) {
+        auto path = walkLookingBack(remaining, start, SwapHistory(selection));
+        if (path) {
+            return *std::move(path);
+        }
     }
-    return path;
+    return walkTurningLines(std::move(remaining), start);
 }
 
 }  // namespace GCode

@@ -30,6 +30,8 @@ add_library(gcode_core STATIC
   ${CMAKE_CURRENT_LIST_DIR}/PostProcessorInt.h
   ${CMAKE_CURRENT_LIST_DIR}/ProgramText.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ProgramText.h
+  ${CMAKE_CURRENT_LIST_DIR}/SwapHistory.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/SwapHistory.h
   ${CMAKE_CURRENT_LIST_DIR}/UnitText.cpp
   ${CMAKE_CURRENT_LIST_DIR}/UnitText.h
 )

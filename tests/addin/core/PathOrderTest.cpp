@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -323,6 +324,26 @@ TEST(PathOrder, MatchesTheLiteralWalkForALongScatteredList) {
 TEST(PathOrder, MatchesTheLiteralWalkForADrawingOfManyContoursWhereverItLies) {
     for (const Point& corner : {Point(0, 0, 0), Point(4.5e6, -5.2e6, 0), Point(1e15, 3e14, 0)}) {
         compareWithJudge(sheet(corner, 3000));
+    }
+}
+
+TEST(PathOrder, MatchesTheLiteralWalkWhereTheToolStandsBetweenTheEndsOfLines) {
+    // From the middle of each square both ends of its sides are equally far.
+    std::vector<Entity> selection;
+    for (int square = 0; square < 600; ++square) {
+        const int row = square / 25;
+        const double x = 10.0 * (square % 25);
+        const double y = 10.0 * row;
+        selection.push_back(point(x, y));
+        const Point corners[] = {{x - 3, y - 3, 0}, {x + 3, y - 3, 0}, {x + 3, y + 3, 0}};
+        selection.push_back(line(corners[0], corners[1]));
+        selection.push_back(line(corners[2], corners[1]));
+    }
+    compareWithJudge(selection);
+    std::mt19937_64 random(1);
+    for (int round = 0; round < 4; ++round) {
+        std::shuffle(selection.begin(), selection.end(), random);
+        compareWithJudge(selection);
     }
 }
 
