@@ -17,20 +17,9 @@
 #include <QUrl>
 
 #include "Waiting.h"
+#include "WebBrowser.h"
 
 namespace {
-
-/// Takes web addresses in place of the browser.
-class WebBrowser : public QObject {
-    Q_OBJECT
-
-public:
-    WebBrowser() { QDesktopServices::setUrlHandler("https", this, "open"); }
-    ~WebBrowser() override { QDesktopServices::unsetUrlHandler("https"); }
-    Q_SLOT void open(const QUrl& address) { opened << address.toString(); }
-
-    QStringList opened;
-};
 
 class HelpWindowTest : public testing::Test {
 protected:
@@ -224,5 +213,3 @@ TEST(HelpPages, The_manual_is_found_beside_the_sources) {
 }
 
 }  // namespace
-
-#include "HelpWindowTest.moc"
