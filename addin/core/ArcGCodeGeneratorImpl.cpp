@@ -37,7 +37,7 @@ std::string ArcGCodeGeneratorImpl::Generate(PositionAndFeed* state) {
         lines.arcTo(codeKey(), m_arc.GetEndPoint(), m_IDistance, m_JDistance);
     }
     // The state keeps the position from before the arc, so that what follows approaches anew.
-    return lines.text();
+    return lines.take();
 }
 
 std::string ArcGCodeGeneratorImpl::codeKey() const {

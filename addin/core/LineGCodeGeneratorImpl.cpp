@@ -22,5 +22,5 @@ std::string LineGCodeGeneratorImpl::Generate(GCode::PositionAndFeed* state) {
     lines.useFeed(m_feedRateXY);
     lines.cutTo(m_endPoint);
     state->SetPoint(m_endPoint);
-    return lines.text();
+    return lines.take();
 }

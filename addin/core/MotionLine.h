@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <map>
 #include <string>
+#include <utility>
 
 #include "core/Parameters.h"
 #include "core/Point.h"
@@ -42,10 +42,11 @@ public:
     void arcTo(const std::string& codeKey, const Point& end, double i, double j);
 
     const std::string& text() const { return m_text; }
+    /// The text, which is gone from here.
+    std::string take() { return std::move(m_text); }
 
 private:
-    void code(const std::string& key);
-    void word(const std::string& key, double value);
+    void word(const std::string& code, double value);
     void position(const Point& point);
     void feedEnd();
     void lineEnd();
@@ -53,7 +54,6 @@ private:
     void heightAtRapid(double z);
 
     PositionAndFeed* m_state;
-    std::map<std::string, std::string> m_codes;
     std::string m_feedText;
     std::string m_text;
 };

@@ -16,5 +16,5 @@ std::string PointGCodeGeneratorImpl::Generate(GCode::PositionAndFeed* state) {
     lines.useFeed(m_feedRateZ);
     lines.approach(m_point, m_parameters, GCode::TravelEnd::blank);
     state->SetPoint(m_point);
-    return lines.text();
+    return lines.take();
 }

@@ -38,3 +38,9 @@ void PostProcessorImpl::CreateMap() {
 std::map<std::string, std::string> PostProcessorImpl::GetMap() const {
     return m_postProcessMap;
 }
+
+const std::string& PostProcessorImpl::GetCode(const std::string& key) const {
+    static const std::string none;
+    const auto row = m_postProcessMap.find(key);
+    return row == m_postProcessMap.end() ? none : row->second;
+}

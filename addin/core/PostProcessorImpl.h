@@ -18,6 +18,8 @@ public:
 
     void CreateMap() override;
     std::map<std::string, std::string> GetMap() const override;
+    /// What index access to a copy of the table gives: an empty code for a key that is not in it.
+    const std::string& GetCode(const std::string& key) const;
 
 private:
     std::map<std::string, std::string> m_postProcessMap;
