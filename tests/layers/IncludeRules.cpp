@@ -138,7 +138,8 @@ std::string layerOfForeign(const std::string& name) {
         {std::regex("dxflib/.*|dl_.*\\.h"), "dxflib"},
         {std::regex("CLI/.*"), "cli11"},
         {std::regex("boost/.*"), "boost"},
-        {std::regex("[a-z_0-9]+"), "std"},
+        // What the compiler brings for single instructions belongs to the language.
+        {std::regex("[a-z_0-9]+|[a-z]+mmintrin\\.h"), "std"},
         {std::regex("[a-z_0-9]+\\.h|sys/.*"), "system"},
     };
     for (const auto& [pattern, layer] : table) {
