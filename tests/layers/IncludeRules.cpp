@@ -131,7 +131,8 @@ std::string ruleOfFile(const fs::path& path, const PlainLibraries& libraries) {
 
 std::string layerOfForeign(const std::string& name) {
     static const std::vector<std::pair<std::regex, std::string>> table = {
-        {std::regex("QtGlobal|QtMath|Q(ByteArray|Matrix4x4|PointF?|RegExp|String|Vector[34]?D?)"),
+        {std::regex(
+             "QtGlobal|QtMath|Q(ByteArray|Matrix4x4|PointF?|RegExp|String(View)?|Vector[34]?D?)"),
          "qtvalue"},
         {std::regex("Q[A-Z].*|Qt[A-Z][A-Za-z]*/.*|q[a-z]+\\.h|.*\\.moc|moc_.*|ui_.*\\.h"), "qt"},
         {std::regex("(GL|EGL|KHR)/.*"), "opengl"},
