@@ -6,8 +6,9 @@
 
 /// A vertex colour as it goes to OpenGL; components are not limited to 0 ... 1.
 struct Color {
-    Color() = default;
-    Color(float red, float green, float blue, float alpha) : r(red), g(green), b(blue), a(alpha) {}
+    constexpr Color() = default;
+    constexpr Color(float red, float green, float blue, float alpha)
+        : r(red), g(green), b(blue), a(alpha) {}
 
     float r = 0;
     float g = 0;

@@ -41,20 +41,45 @@ bool GCodeParserN::parse(std::string_view cmd) {
     cleanup();
     command.assign(cmd);
     seenCodes = scanWords(command, &codeValues);
+    repeatModalCode();
+    return true;
+}
+
+template <typename Unit>
+const Unit* GCodeParserN::readNext(const Unit* at, const Unit* end) {
+    keepModalCode();
+    command.clear();
+    const Unit* const behind = scanLine(at, end, &codeValues, &seenCodes);
+    repeatModalCode();
+    return behind;
+}
+
+const char* GCodeParserN::parseNext(const char* at, const char* end) {
+    return readNext(at, end);
+}
+
+const char16_t* GCodeParserN::parseNext(const char16_t* at, const char16_t* end) {
+    return readNext(at, end);
+}
+
+void GCodeParserN::repeatModalCode() {
     if (!hasWord(kG) && (seenCodes & kCoordinates) != 0) {
         seenCodes |= wordBit(kG);
         codeValues[kG] = static_cast<float>(lastGCode);
     }
-    return true;
 }
 
 void GCodeParserN::cleanup() {
+    keepModalCode();
+    codeValues.fill(0);
+    seenCodes = 0;
+}
+
+void GCodeParserN::keepModalCode() {
     // Any G number becomes the modal one, also that of a mode or a dwell.
     if (hasWord(kG)) {
         lastGCode = truncateToInt(wordValue(kG));
     }
-    codeValues.fill(0);
-    seenCodes = 0;
     m_otherSeenCodes.clear();
     comment.clear();
 }
@@ -86,11 +111,6 @@ bool GCodeParserN::hasCode(std::string_view code) const {
 float GCodeParserN::getCodeValue(std::string_view code) const {
     const std::size_t index = indexOf(code);
     return index < kWordCount ? wordValue(index) : 0;
-}
-
-float GCodeParserN::wordValue(std::size_t index) const {
-    const float value = codeValues[index];
-    return value == 0 ? 0 : value;
 }
 
 float GCodeParserN::convertToMM(float value, int unitMode) const {

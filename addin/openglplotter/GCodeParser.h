@@ -7,9 +7,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "openglplotter/Color.h"
+#include "openglplotter/PathList.h"
 #include "openglplotter/Point3d.h"
 #include "openglplotter/WordScan.h"
 
@@ -31,6 +33,10 @@ public:
     /// not removed: their capital letters are words. A line without G but with X, Y or Z repeats
     /// the last G number of any kind.
     bool parse(std::string_view cmd);
+    /// `parse` for the line that starts at `at`, in UTF-8 or UTF-16; gives the place where it ends.
+    /// Keeps no text, so that none of the line is found by `findCode` and `parseCode`.
+    const char* parseNext(const char* at, const char* end);
+    const char16_t* parseNext(const char16_t* at, const char16_t* end);
     /// Ends the line: keeps its G number for the lines to come and empties the word table.
     void cleanup();
     /// Whether the line contains `code`.
@@ -72,10 +78,13 @@ public:
     /// The extents of the path and of the origin, and the least and greatest of them.
     void GetMinMaxValues(float* minX, float* minY, float* minZ, float* maxX, float* maxY,
                          float* maxZ, float* min, float* max) const;
-    /// The vertices in order; shared with the parser until either side changes.
-    QVector<Point3d> GetVector() const { return m_pointVector; }
+    /// A copy of the vertices, in order.
+    QVector<Point3d> GetVector() const { return m_pointVector.toVector(); }
     /// One colour per vertex, in the same order.
-    QVector<Color> GetColorVector() const { return m_ColorVector; }
+    QVector<Color> GetColorVector() const { return m_ColorVector.toVector(); }
+    /// The same lists themselves; the parser is left without any.
+    PathList<Point3d> takeVertices() { return std::move(m_pointVector); }
+    PathList<Color> takeColors() { return std::move(m_ColorVector); }
 
     /// Whether a vertex beyond the greatest number was dropped. From then on lines draw nothing.
     bool isCutShort() const { return m_cutShort; }
@@ -84,7 +93,15 @@ private:
     friend struct ParserFields;
 
     bool hasWord(std::size_t index) const { return (seenCodes & wordBit(index)) != 0; }
-    float wordValue(std::size_t index) const;
+    template <typename Unit>
+    const Unit* readNext(const Unit* at, const Unit* end);
+    void keepModalCode();
+    void repeatModalCode();
+    /// Never negative zero.
+    float wordValue(std::size_t index) const {
+        const float value = codeValues[index];
+        return value == 0 ? 0 : value;
+    }
     float lengthValue(std::size_t index) const;
     Point3d targetOfLine() const;
     void executeMotion(int gNumber, const Point3d& temp);
@@ -119,8 +136,8 @@ private:
     int UNITS_MM = 0;
     int UNITS_INCHES = 1;
     int units = UNITS_MM;  // whatever the file says: coordinates are taken as they stand
-    QVector<Point3d> m_pointVector;
-    QVector<Color> m_ColorVector;
+    PathList<Point3d> m_pointVector;
+    PathList<Color> m_ColorVector;
     float m_width = 0;
     float m_height = 0;
     float m_minX = 0;

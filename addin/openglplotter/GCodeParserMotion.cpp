@@ -24,6 +24,10 @@ constexpr std::size_t kZ = wordIndex('Z');
 
 constexpr int kArcSegments = 30;
 
+constexpr Color kRapidColor(0.7F, 0, 0, 0);
+constexpr Color kFeedColor(0, 1, 0, 0);
+constexpr Color kNoCodeColor(0, 0, 255, 0);
+
 /// The angle of the way from `point` to `center` in degrees.
 float angleDeg(const Point3d& center, const Point3d& point) {
     constexpr double kSinglePi = 3.1415927410125732;
@@ -96,11 +100,8 @@ void GCodeParserN::setTarget(Point3d p) {
         m_cutShort = true;
         return;
     }
-    Color color(0, 0, 255, 0);
-    if (hasWord(kG)) {
-        color = wordValue(kG) == 0 ? Color(0.7F, 0, 0, 0) : Color(0, 1, 0, 0);
-    }
-    m_ColorVector.append(color);
+    m_ColorVector.append(hasWord(kG) ? (codeValues[kG] == 0 ? kRapidColor : kFeedColor)
+                                     : kNoCodeColor);
     m_pointVector.append(p);
     current = p;
     CalculateMinMax(p);

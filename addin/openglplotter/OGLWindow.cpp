@@ -61,9 +61,10 @@ void OGLWindow::InitVBO(const QString& program) {
     pMatrix.setToIdentity();
     mMatrix.setToIdentity();
     m_scale = 1;
-    const QByteArray text = program.toUtf8();
-    PreviewPath path = interpretProgram({text.constData(), static_cast<std::size_t>(text.size())});
-    QVector<Color> colors = std::move(path.colors);
+    // The path before makes room first: what a load needs at most is that of one path.
+    vertices1 = {};
+    PreviewPath path = interpretProgram(QStringView(program));
+    PathList<Color> colors = std::move(path.colors);
     const std::optional<PathStop> stop = path.stop;
     takePath(std::move(path));
     if (m_vectorSize > 0 && m_positionBufferObject == kFirstBufferName) {
@@ -96,12 +97,12 @@ void OGLWindow::appendFigures() {
     const std::vector<Point3d> tool = GetPoint3dFromArray(m_toolVerticesVector);
     m_AxesVerticesSize = static_cast<long>(axes.size());
     m_ToolVerticesSize = static_cast<long>(tool.size());
-    vertices1.reserve(vertices1.size() + static_cast<int>(axes.size() + tool.size()));
     for (const std::vector<Point3d>* figure : {&axes, &tool}) {
         for (const Point3d& point : *figure) {
             vertices1.append(point);
         }
     }
+    vertices1.squeeze();
     m_vectorSize = vertices1.size();
 }
 
@@ -109,9 +110,9 @@ std::vector<Point3d> OGLWindow::GetPoint3dFromArray(const std::vector<float>& fi
     return figurePoints(figure, pMatrix, m_ratio);
 }
 
-void OGLWindow::uploadBuffers(const QVector<Color>& pathColors) {
+void OGLWindow::uploadBuffers(const PathList<Color>& pathColors) {
     glBindBuffer(GL_ARRAY_BUFFER, m_positionBufferObject);
-    glBufferData(GL_ARRAY_BUFFER, bytesOf(vertices1.size(), sizeof(Point3d)), vertices1.constData(),
+    glBufferData(GL_ARRAY_BUFFER, bytesOf(vertices1.size(), sizeof(Point3d)), vertices1.data(),
                  GL_STATIC_DRAW);
     glBindBuffer(GL_ARRAY_BUFFER, m_colorBufferObject);
     const std::vector<Color> white(static_cast<std::size_t>(m_vectorSize - pathColors.size()),
@@ -119,7 +120,7 @@ void OGLWindow::uploadBuffers(const QVector<Color>& pathColors) {
     const GLsizeiptr pathBytes = bytesOf(pathColors.size(), sizeof(Color));
     const GLsizeiptr whiteBytes = bytesOf(static_cast<qsizetype>(white.size()), sizeof(Color));
     glBufferData(GL_ARRAY_BUFFER, pathBytes + whiteBytes, nullptr, GL_STATIC_DRAW);
-    glBufferSubData(GL_ARRAY_BUFFER, 0, pathBytes, pathColors.constData());
+    glBufferSubData(GL_ARRAY_BUFFER, 0, pathBytes, pathColors.data());
     glBufferSubData(GL_ARRAY_BUFFER, pathBytes, whiteBytes, white.data());
     // The frames rely on this state and set none of their own.
     glBindBuffer(GL_ARRAY_BUFFER, m_positionBufferObject);

@@ -7,7 +7,6 @@
 #include <QMatrix4x4>
 #include <QPoint>
 #include <QVector3D>
-#include <QVector>
 #include <vector>
 
 #include "openglplotter/Point3d.h"
@@ -68,7 +67,7 @@ private:
     void InitVBO(const QString& program);
     void takePath(PreviewPath path);
     void appendFigures();
-    void uploadBuffers(const QVector<Color>& pathColors);
+    void uploadBuffers(const PathList<Color>& pathColors);
     std::vector<Point3d> GetPoint3dFromArray(const std::vector<float>& figure) const;
     static void GetFloatMatrixfromQt(const QMatrix4x4& matrix, float* values);
     float cursorUnits(float pixels) const;
@@ -127,7 +126,7 @@ private:
     int m_translateAnimate = 0;
     int m_VerticesIndex = 0;
     /// The path, then the axes, then the marker.
-    QVector<Point3d> vertices1;
+    PathList<Point3d> vertices1;
     QTimer* m_timer;
     std::vector<Point3d> m_interpolatedPoints;
     double m_ndcSegmentLength;

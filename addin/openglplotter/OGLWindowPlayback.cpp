@@ -62,12 +62,14 @@ void OGLWindow::update() {
     if (end >= count - m_ToolVerticesSize - m_AxesVerticesSize || end >= count) {
         return;
     }
-    Interpolate(vertices1.at(static_cast<int>(end) - 1), vertices1.at(static_cast<int>(end)));
+    Interpolate(vertices1.at(end - 1), vertices1.at(end));
 }
 
 void OGLWindow::Interpolate(const Point3d& from, const Point3d& to) {
     m_translateAnimate = 0;
-    m_interpolatedPoints = segmentSteps(from, to, pMatrix, m_ndcSegmentLength);
+    // So that no tick has to ask for memory; what no segment fills is never used.
+    m_interpolatedPoints.reserve(kMostStepPoints);
+    segmentSteps({from, to}, pMatrix, m_ndcSegmentLength, &m_interpolatedPoints);
     emit StartTimer(kTickMs);
 }
 

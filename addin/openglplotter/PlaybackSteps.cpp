@@ -34,18 +34,17 @@ double deviceDistance(const Point3d& a, const Point3d& b) {
     return std::sqrt(dx * dx + dy * dy + dz * dz);
 }
 
-std::vector<Point3d> segmentSteps(const Point3d& from, const Point3d& to,
-                                  const QMatrix4x4& projection, double stepLength) {
-    const Point3d a = pointOf(projection.map(vectorOf(from)));
-    const Point3d b = pointOf(projection.map(vectorOf(to)));
+void segmentSteps(const PathSegment& segment, const QMatrix4x4& projection, double stepLength,
+                  std::vector<Point3d>* points) {
+    const Point3d a = pointOf(projection.map(vectorOf(segment.from)));
+    const Point3d b = pointOf(projection.map(vectorOf(segment.to)));
     const double step = parameterStep(deviceDistance(a, b), stepLength);
-    std::vector<Point3d> points;
+    points->clear();
     // The sum is formed in double and stored as single.
     for (float t = 0; t <= 1; t = static_cast<float>(static_cast<double>(t) + step)) {
         const float rest = 1 - t;
-        points.emplace_back(rest * a.x + t * b.x, rest * a.y + t * b.y, rest * a.z + t * b.z);
+        points->emplace_back(rest * a.x + t * b.x, rest * a.y + t * b.y, rest * a.z + t * b.z);
     }
-    return points;
 }
 
 Point3d modelPointOf(const Point3d& device, const QMatrix4x4& projection) {

@@ -6,8 +6,8 @@
 
 /// A point in the file's own length unit.
 struct Point3d {
-    Point3d() = default;
-    Point3d(float px, float py, float pz) : x(px), y(py), z(pz) {}
+    constexpr Point3d() = default;
+    constexpr Point3d(float px, float py, float pz) : x(px), y(py), z(pz) {}
 
     float x = 0;
     float y = 0;

@@ -2,57 +2,33 @@
 // SPDX-License-Identifier: MIT
 #include "openglplotter/PreviewPath.h"
 
-#include <algorithm>
-
 namespace {
 
-bool isLineEnd(char byte) {
-    return byte == '\r' || byte == '\n';
+template <typename Unit>
+bool isLineEnd(Unit unit) {
+    return unit == '\r' || unit == '\n';
 }
 
 /// The first place from `at` on where no line ends, or the end of the text.
-std::size_t skipLineEnds(std::string_view text, std::size_t at) {
-    while (at < text.size() && isLineEnd(text[at])) {
+template <typename Unit>
+const Unit* skipLineEnds(const Unit* at, const Unit* end) {
+    while (at != end && isLineEnd(*at)) {
         ++at;
     }
     return at;
 }
 
-/// The ends of a text's lines, from first to last.
-class LineEnds {
-public:
-    explicit LineEnds(std::string_view text) : m_text(text) {}
-
-    /// The first place from `at` on where a line ends, or the end of the text.
-    std::size_t next(std::size_t at) {
-        // Each byte is looked for once: the library's search is faster than any loop over lines.
-        if (m_lineFeed < at || !m_hasLooked) {
-            m_lineFeed = std::min(m_text.find('\n', at), m_text.size());
-        }
-        if (m_return < at || !m_hasLooked) {
-            m_return = std::min(m_text.find('\r', at), m_text.size());
-        }
-        m_hasLooked = true;
-        return std::min(m_lineFeed, m_return);
-    }
-
-private:
-    std::string_view m_text;
-    std::size_t m_lineFeed = 0;
-    std::size_t m_return = 0;
-    bool m_hasLooked = false;
-};
-
 /// Counts the ends of lines; two different bytes next to each other are one.
-std::size_t countLineEnds(std::string_view text) {
+template <typename Unit>
+std::size_t countLineEnds(const Unit* at, const Unit* end) {
     std::size_t count = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (!isLineEnd(text[i])) {
+    for (; at != end; ++at) {
+        if (!isLineEnd(*at)) {
             continue;
         }
         ++count;
-        if (i + 1 < text.size() && isLineEnd(text[i + 1]) && text[i + 1] != text[i]) {
-            ++i;
+        if (at + 1 != end && isLineEnd(at[1]) && at[1] != *at) {
+            ++at;
         }
     }
     return count;
@@ -65,26 +41,35 @@ PathExtents extentsOf(const GCodeParserN& parser) {
     return box;
 }
 
+template <typename Unit>
+PreviewPath interpretUnits(const Unit* text, const Unit* end, std::size_t maxVertices) {
+    GCodeParserN parser(maxVertices);
+    const Unit* stoppedIn = nullptr;
+    // Without blank lines any run of line end bytes separates two lines.
+    for (const Unit* line = skipLineEnds(text, end); line != end;) {
+        const Unit* const lineEnd = parser.parseNext(line, end);
+        parser.executeGCodes();
+        if (parser.isCutShort()) {
+            stoppedIn = line;
+            break;
+        }
+        line = skipLineEnds(lineEnd, end);
+    }
+    PreviewPath path{parser.takeVertices(), parser.takeColors(), extentsOf(parser), std::nullopt};
+    if (stoppedIn != nullptr) {
+        path.stop = PathStop{static_cast<std::size_t>(path.vertices.size()),
+                             countLineEnds(text, stoppedIn) + 1,
+                             static_cast<std::size_t>(stoppedIn - text)};
+    }
+    return path;
+}
+
 }  // namespace
 
 PreviewPath interpretProgram(std::string_view text, std::size_t maxVertices) {
-    GCodeParserN parser(maxVertices);
-    PreviewPath path;
-    // Without blank lines any run of line end bytes separates two lines.
-    LineEnds ends(text);
-    for (std::size_t begin = skipLineEnds(text, 0); begin < text.size();) {
-        const std::size_t end = ends.next(begin);
-        parser.parse(text.substr(begin, end - begin));
-        parser.executeGCodes();
-        if (parser.isCutShort()) {
-            const std::size_t line = countLineEnds(text.substr(0, begin)) + 1;
-            path.stop = PathStop{static_cast<std::size_t>(parser.GetVector().size()), line, begin};
-            break;
-        }
-        begin = skipLineEnds(text, end);
-    }
-    path.vertices = parser.GetVector();
-    path.colors = parser.GetColorVector();
-    path.extents = extentsOf(parser);
-    return path;
+    return interpretUnits(text.data(), text.data() + text.size(), maxVertices);
+}
+
+PreviewPath interpretProgram(QStringView text, std::size_t maxVertices) {
+    return interpretUnits(text.utf16(), text.utf16() + text.size(), maxVertices);
 }

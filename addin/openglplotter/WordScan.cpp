@@ -3,7 +3,7 @@
 #include "openglplotter/WordScan.h"
 
 #include <cstddef>
-#include <optional>
+#include <string>
 
 #include "openglplotter/WordNumber.h"
 
@@ -11,8 +11,9 @@ namespace {
 
 constexpr std::uint8_t kOther = kWordCount;
 constexpr std::uint8_t kNumberPart = kWordCount + 1;
+constexpr std::uint8_t kLineEnd = kWordCount + 2;
 
-/// For each byte: the place of the letter, `kNumberPart`, or `kOther`.
+/// For each byte: the place of the letter, `kNumberPart`, `kLineEnd` or `kOther`.
 constexpr std::array<std::uint8_t, 256> kindsOfBytes() {
     std::array<std::uint8_t, 256> kinds{};
     for (std::uint8_t& kind : kinds) {
@@ -24,97 +25,142 @@ constexpr std::array<std::uint8_t, 256> kindsOfBytes() {
     for (const char part : std::string_view("0123456789.+-")) {
         kinds[static_cast<unsigned char>(part)] = kNumberPart;
     }
+    kinds['\r'] = kLineEnd;
+    kinds['\n'] = kLineEnd;
     return kinds;
 }
 
+constexpr std::array<std::uint8_t, 256> kKinds = kindsOfBytes();
+
 std::uint8_t kindOf(char byte) {
-    static constexpr std::array<std::uint8_t, 256> kKinds = kindsOfBytes();
     return kKinds[static_cast<unsigned char>(byte)];
 }
 
-bool isDigit(char byte) {
-    return byte >= '0' && byte <= '9';
+std::uint8_t kindOf(char16_t unit) {
+    return unit < kKinds.size() ? kKinds[unit] : kOther;
 }
 
-std::size_t endOfNumber(std::string_view line, std::size_t begin) {
-    while (begin < line.size() && kindOf(line[begin]) == kNumberPart) {
-        ++begin;
+template <typename Unit>
+unsigned digitOf(Unit unit) {
+    return static_cast<unsigned>(unit) - '0';
+}
+
+template <typename Unit>
+const Unit* endOfNumber(const Unit* at, const Unit* end) {
+    while (at != end && kindOf(*at) == kNumberPart) {
+        ++at;
     }
-    return begin;
+    return at;
 }
 
-/// A number as nearly all are written, of at most 15 digits: their integer and the power of ten
-/// are exact in double, so one division rounds as reading the text does. Nothing, with `at` left
-/// alone, for any other text.
-std::optional<float> readPlainNumber(std::string_view line, std::size_t* at) {
+float numberOf(const char* begin, const char* end) {
+    return wordNumber({begin, static_cast<std::size_t>(end - begin)});
+}
+
+float numberOf(const char16_t* begin, const char16_t* end) {
+    std::string text;
+    for (; begin != end; ++begin) {
+        text.push_back(static_cast<char>(*begin));
+    }
+    return wordNumber(text);
+}
+
+/// Reads a number as nearly all are written, of at most 15 digits: their integer and the power of
+/// ten are exact in double, so one division rounds as reading the text does, and a float holds the
+/// result. Gives the number's end, or null for any other text.
+template <typename Unit>
+const Unit* readPlainNumber(const Unit* p, const Unit* end, float* number) {
     static constexpr std::array<double, 16> kPowersOfTen = {
         1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    const char* const begin = line.data() + *at;
-    const char* const end = line.data() + line.size();
-    const char* p = begin;
     const bool negative = p != end && *p == '-';
     p += p != end && (*p == '-' || *p == '+') ? 1 : 0;
     std::uint64_t digits = 0;  // Wraps beyond what counts.
-    const char* const whole = p;
-    for (; p != end && isDigit(*p); ++p) {
-        digits = digits * 10 + static_cast<unsigned char>(*p - '0');
+    const Unit* const whole = p;
+    for (; p != end && digitOf(*p) < 10; ++p) {
+        digits = digits * 10 + digitOf(*p);
     }
     std::ptrdiff_t count = p - whole;
-    std::size_t decimals = 0;
+    std::ptrdiff_t decimals = 0;
     if (p != end && *p == '.') {
-        const char* const fraction = ++p;
-        for (; p != end && isDigit(*p); ++p) {
-            digits = digits * 10 + static_cast<unsigned char>(*p - '0');
+        const Unit* const fraction = ++p;
+        for (; p != end && digitOf(*p) < 10; ++p) {
+            digits = digits * 10 + digitOf(*p);
         }
-        decimals = static_cast<std::size_t>(p - fraction);
-        count += p - fraction;
+        decimals = p - fraction;
+        count += decimals;
     }
     if (count == 0 || count > 15 || (p != end && kindOf(*p) == kNumberPart)) {
-        return std::nullopt;
+        return nullptr;
     }
-    *at += static_cast<std::size_t>(p - begin);
-    const double value =
-        static_cast<double>(static_cast<std::int64_t>(digits)) / kPowersOfTen[decimals];
-    return narrowNumber(negative ? -value : value);
+    const double value = static_cast<double>(static_cast<std::int64_t>(digits)) /
+                         kPowersOfTen[static_cast<std::size_t>(decimals)];
+    *number = static_cast<float>(negative ? -value : value);
+    return p;
 }
 
-}  // namespace
-
-WordSet scanWords(std::string_view line, WordValues* values) {
+/// The scan of `scanLine`; with `kAnyText` line ends are bytes like others.
+template <bool kAnyText, typename Unit>
+const Unit* scan(const Unit* at, const Unit* end, WordValues* values, WordSet* seenWords) {
     values->fill(0);
     WordSet seen = 0;
     WordSet valued = 0;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        const std::uint8_t kind = kindOf(line[i]);
+    while (at != end) {
+        const std::uint8_t kind = kindOf(*at);
         if (kind >= kWordCount) {
+            if (!kAnyText && kind == kLineEnd) {
+                break;
+            }
+            ++at;
             continue;
         }
+        ++at;
         const WordSet bit = wordBit(kind);
         seen |= bit;
         if ((valued & bit) != 0) {
             continue;
         }
-        std::size_t end = i + 1;
-        const std::optional<float> value = readPlainNumber(line, &end);
-        if (!value) {
-            end = endOfNumber(line, i + 1);
+        float number = 0;
+        const Unit* behind = readPlainNumber(at, end, &number);
+        if (behind == nullptr) {
+            behind = endOfNumber(at, end);
+            if (behind == at) {
+                continue;
+            }
+            number = numberOf(at, behind);
         }
-        if (end > i + 1) {
-            (*values)[kind] = value ? *value : wordNumber(line.substr(i + 1, end - i - 1));
-            valued |= bit;
-            i = end - 1;
-        }
+        (*values)[kind] = number;
+        valued |= bit;
+        at = behind;
     }
+    *seenWords = seen;
+    return at;
+}
+
+}  // namespace
+
+const char* scanLine(const char* at, const char* end, WordValues* values, WordSet* seen) {
+    return scan<false>(at, end, values, seen);
+}
+
+const char16_t* scanLine(const char16_t* at, const char16_t* end, WordValues* values,
+                         WordSet* seen) {
+    return scan<false>(at, end, values, seen);
+}
+
+WordSet scanWords(std::string_view line, WordValues* values) {
+    WordSet seen = 0;
+    scan<true>(line.data(), line.data() + line.size(), values, &seen);
     return seen;
 }
 
 float numberBehind(std::string_view line, std::string_view code) {
+    const char* const end = line.data() + line.size();
     for (std::size_t at = line.find(code); at != std::string_view::npos;
          at = line.find(code, at + 1)) {
-        const std::size_t begin = at + code.size();
-        const std::size_t end = endOfNumber(line, begin);
-        if (end > begin) {
-            return wordNumber(line.substr(begin, end - begin));
+        const char* const begin = line.data() + at + code.size();
+        const char* const behind = endOfNumber(begin, end);
+        if (behind > begin) {
+            return numberOf(begin, behind);
         }
     }
     return 0;

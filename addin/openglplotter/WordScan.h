@@ -26,9 +26,15 @@ constexpr WordSet wordBit(std::size_t index) {
     return WordSet{1} << index;
 }
 
-/// Reads a line in one pass over its bytes and gives the set of the letters that occur anywhere in
-/// it, comments included. `values` receives for each letter the number right behind it at the first
-/// place where there is one, and 0 when there is none.
+/// Reads the line that starts at `at`, in UTF-8 or UTF-16, in one pass up to the '\r' or '\n' that
+/// ends it or to `end`, and gives that place. `seen` receives the set of the letters that occur
+/// anywhere in the line, comments included; `values` for each letter the number right behind it at
+/// the first place where there is one, and 0 when there is none.
+const char* scanLine(const char* at, const char* end, WordValues* values, WordSet* seen);
+const char16_t* scanLine(const char16_t* at, const char16_t* end, WordValues* values,
+                         WordSet* seen);
+
+/// The same for a text that counts as one line whatever is in it.
 WordSet scanWords(std::string_view line, WordValues* values);
 
 /// The same for any one text in the place of a letter: the number right behind `code` at the first

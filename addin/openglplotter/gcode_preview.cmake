@@ -6,6 +6,7 @@ add_library(gcode_preview STATIC
   ${CMAKE_CURRENT_LIST_DIR}/GCodeParser.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GCodeParser.h
   ${CMAKE_CURRENT_LIST_DIR}/GCodeParserMotion.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/PathList.h
   ${CMAKE_CURRENT_LIST_DIR}/PlaybackSteps.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PlaybackSteps.h
   ${CMAKE_CURRENT_LIST_DIR}/Point3d.h

@@ -5,41 +5,16 @@
 #include <QString>
 #include <array>
 #include <charconv>
-#include <random>
 #include <string>
+#include <vector>
 
 #include "LiteralGCodeParser.h"
+#include "MillingProgram.h"
 #include "openglplotter/PreviewPath.h"
 
 namespace {
 
 constexpr std::size_t kMillion = 1'000'000;
-
-std::string fixed(double value) {
-    std::string text = std::to_string(value);
-    return text.substr(0, text.size() - 3);
-}
-
-/// Lines as a CAM program writes them for a surface: short feed moves, now and then a rapid, an arc
-/// or a comment.
-std::string surfaceProgram(std::size_t lines) {
-    std::mt19937_64 random(1);
-    std::uniform_real_distribution<> anywhere(-100, 100);
-    std::string text = "(surface)\nG21 G90\nG0 Z5\n";
-    for (std::size_t i = 3; i < lines; ++i) {
-        const std::string xy = "X" + fixed(anywhere(random)) + " Y" + fixed(anywhere(random));
-        if (i % 100 == 0) {
-            text += "(next row)\n";
-        } else if (i % 100 == 1) {
-            text += "G0 Z5 " + xy + "\n";
-        } else if (i % 50 == 2) {
-            text += "G2 " + xy + " I1.5 J-2\n";
-        } else {
-            text += "G1 " + xy + " Z" + fixed(anywhere(random)) + " F800\n";
-        }
-    }
-    return text;
-}
 
 void report(benchmark::State& state, std::size_t lines, const std::string& text) {
     const auto rounds = static_cast<std::int64_t>(state.iterations());
@@ -47,10 +22,30 @@ void report(benchmark::State& state, std::size_t lines, const std::string& text)
     state.SetBytesProcessed(rounds * static_cast<std::int64_t>(text.size()));
 }
 
-/// The least that must be done: one scan of the bytes, each number converted, a vertex and a colour
-/// for each line with a coordinate.
-PreviewPath floorPath(const std::string& text) {
-    PreviewPath path;
+void sizes(benchmark::internal::Benchmark* subject) {
+    subject->Arg(kMillion / 10)->Arg(kMillion)->Arg(5 * kMillion)->Unit(benchmark::kMillisecond);
+}
+
+struct BarePath {
+    std::vector<Point3d> vertices;
+    std::vector<Color> colors;
+};
+
+/// How many vertices a line of the program adds that has coordinates.
+std::size_t verticesOfLine(float gCode, bool wholePath) {
+    constexpr std::size_t kArcVertices = 30;
+    constexpr std::size_t kPeckVertices = 12;
+    if (!wholePath || gCode < 2) {
+        return 1;
+    }
+    return gCode == 2 ? kArcVertices : kPeckVertices;
+}
+
+/// The least that must be done: one scan of the bytes, each number converted, and vertices with
+/// their colours appended to lists that grow as the library lets them: one for each line with a
+/// coordinate, or as many as the path really has, all at the line's point.
+BarePath barePath(const std::string& text, bool wholePath) {
+    BarePath path;
     std::array<float, 256> values{};
     const char* at = text.data();
     const char* const end = at + text.size();
@@ -58,9 +53,9 @@ PreviewPath floorPath(const std::string& text) {
     while (at != end) {
         const auto letter = static_cast<unsigned char>(*at++);
         if (letter == '\n') {
-            if (moves) {
-                path.vertices.append(Point3d(values['X'], values['Y'], values['Z']));
-                path.colors.append(Color(0, 1, 0, 0));
+            for (std::size_t i = moves ? verticesOfLine(values['G'], wholePath) : 0; i > 0; --i) {
+                path.vertices.emplace_back(values['X'], values['Y'], values['Z']);
+                path.colors.emplace_back(0, 1, 0, 0);
             }
             moves = false;
         } else if (letter >= 'A' && letter <= 'Z') {
@@ -78,27 +73,54 @@ PreviewPath floorPath(const std::string& text) {
 
 void bareScan(benchmark::State& state) {
     const auto lines = static_cast<std::size_t>(state.range(0));
-    const std::string text = surfaceProgram(lines);
+    const std::string text = millingProgram(lines);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(floorPath(text));
+        benchmark::DoNotOptimize(barePath(text, false));
     }
     report(state, lines, text);
 }
-BENCHMARK(bareScan)->Arg(kMillion)->Unit(benchmark::kMillisecond);
+BENCHMARK(bareScan)->Apply(sizes);
+
+void bareScanOfTheWholePath(benchmark::State& state) {
+    const auto lines = static_cast<std::size_t>(state.range(0));
+    const std::string text = millingProgram(lines);
+    if (barePath(text, true).vertices.size() !=
+        static_cast<std::size_t>(interpretProgram(text).vertices.size())) {
+        state.SkipWithError("the floor has another number of vertices");
+        return;
+    }
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(barePath(text, true));
+    }
+    report(state, lines, text);
+}
+BENCHMARK(bareScanOfTheWholePath)->Apply(sizes);
 
 void fast(benchmark::State& state) {
     const auto lines = static_cast<std::size_t>(state.range(0));
-    const std::string text = surfaceProgram(lines);
+    const std::string text = millingProgram(lines);
     for (auto _ : state) {
         benchmark::DoNotOptimize(interpretProgram(text));
     }
     report(state, lines, text);
 }
-BENCHMARK(fast)->Arg(kMillion)->Unit(benchmark::kMillisecond);
+BENCHMARK(fast)->Apply(sizes);
+
+/// The same from a text as the panel hands it on.
+void fastInUtf16(benchmark::State& state) {
+    const auto lines = static_cast<std::size_t>(state.range(0));
+    const std::string text = millingProgram(lines);
+    const QString qtText = QString::fromStdString(text);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(interpretProgram(qtText));
+    }
+    report(state, lines, text);
+}
+BENCHMARK(fastInUtf16)->Apply(sizes);
 
 void literal(benchmark::State& state) {
     const auto lines = static_cast<std::size_t>(state.range(0));
-    const std::string text = surfaceProgram(lines);
+    const std::string text = millingProgram(lines);
     const QString qtText = QString::fromStdString(text);
     for (auto _ : state) {
         benchmark::DoNotOptimize(literalPath(qtText, GCodeParserN::kMaxVertices));

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "SegmentSteps.h"
 #include "ViewTest.h"
 #include "openglplotter/PlaybackSteps.h"
 

@@ -65,7 +65,7 @@ struct OGLWindowState {
     bool& isStopped = window.m_IsStopped;
     const int& translateAnimate = window.m_translateAnimate;
     const int& verticesIndex = window.m_VerticesIndex;
-    const QVector<Point3d>& vertices = window.vertices1;
+    const PathList<Point3d>& vertices = window.vertices1;
     QTimer* const& timer = window.m_timer;
     const std::vector<Point3d>& steps = window.m_interpolatedPoints;
     double& stepLength = window.m_ndcSegmentLength;

@@ -155,12 +155,12 @@ TEST_F(OGLWindowTest, TheProjectionIsTheFittedOne) {
 
 TEST_F(OGLWindowTest, MixedLineEndsGiveTheSameLinesAndBlankOnesAreSkipped) {
     load("G1 X1\nG1 X2\nG1 X3\nG1 X4\nG1 X5\n");
-    const QVector<Point3d> expected = state.vertices;
+    const QVector<Point3d> expected = state.vertices.toVector();
     ASSERT_EQ(state.pathSize(), 5);
     load("G1 X1\r\nG1 X2\n\rG1 X3\rG1 X4\nG1 X5");
-    EXPECT_EQ(state.vertices, expected);
+    EXPECT_EQ(state.vertices.toVector(), expected);
     load("\n\n\r\nG1 X1\r\r\rG1 X2\n\n\rG1 X3\r\n\r\nG1 X4\n\r\n\r\nG1 X5\r");
-    EXPECT_EQ(state.vertices, expected);
+    EXPECT_EQ(state.vertices.toVector(), expected);
 }
 
 TEST_F(OGLWindowTest, ALoadReplacesThePathAndTheExtents) {

@@ -10,6 +10,7 @@
 #include <limits>
 #include <random>
 
+#include "SegmentSteps.h"
 #include "openglplotter/ViewNavigation.h"
 
 namespace {
@@ -150,6 +151,17 @@ TEST(SegmentSteps, AreCappedAt80000) {
     EXPECT_NEAR(static_cast<double>(at.size()), 80001, 2000);
     EXPECT_EQ(above.size(), at.size());
     EXPECT_LT(segmentSteps({}, {399, 0, 0}, kIdentity, 0.005).size(), at.size());
+}
+
+TEST(SegmentSteps, HaveRoomHoweverTheStepIsRounded) {
+    std::size_t most = 0;
+    for (int length = 75'000; length <= 80'000; length += 7) {
+        most = std::max(most,
+                        segmentSteps({}, {static_cast<float>(length), 0, 0}, kIdentity, 1).size());
+    }
+    most = std::max(most, segmentSteps({}, {80'000, 0, 0}, kIdentity, 1).size());
+    EXPECT_LE(most, kMostStepPoints);
+    EXPECT_GT(most, kMostSteps * 0.95);
 }
 
 TEST(SegmentSteps, OfInfiniteLengthAreCappedToo) {

@@ -11,7 +11,7 @@
 #include "openglplotter/PreviewPath.h"
 
 inline QVector<Point3d> verticesOf(std::string_view program) {
-    return interpretProgram(program).vertices;
+    return interpretProgram(program).vertices.toVector();
 }
 
 inline const Color kRed(0.7F, 0, 0, 0);

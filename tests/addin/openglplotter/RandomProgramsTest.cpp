@@ -53,8 +53,9 @@ void compareProgram(std::uint64_t seed) {
                              ? QString::fromStdString(bytes)
                              : QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size()));
     const QByteArray utf8 = text.toUtf8();
-    ASSERT_TRUE(
-        samePath(interpretProgram(view(utf8), limit), view(utf8), literalPath(text, limit)));
+    const LiteralPath judge = literalPath(text, limit);
+    ASSERT_TRUE(samePath(interpretProgram(view(utf8), limit), view(utf8), judge));
+    ASSERT_TRUE(samePathInUtf16(interpretProgram(text, limit), text, judge));
 }
 
 void compareRawLines(std::uint64_t seed) {
@@ -66,11 +67,13 @@ void compareRawLines(std::uint64_t seed) {
     for (int i = 0; i < 8 && !testing::Test::HasFatalFailure(); ++i) {
         compareLine(&parser, &judge, random.line());
     }
-    PreviewPath path{parser.GetVector(), parser.GetColorVector(), {}, {}};
+    PreviewPath path;
     PathExtents& box = path.extents;
     parser.GetMinMaxValues(&box.minX, &box.minY, &box.minZ, &box.maxX, &box.maxY, &box.maxZ,
                            &box.min, &box.max);
     EXPECT_EQ(parser.isCutShort(), judge.isCutShort());
+    path.vertices = parser.takeVertices();
+    path.colors = parser.takeColors();
     ASSERT_TRUE(
         samePath(path, "", {judge.vertices(), judge.colors(), judge.extents(), std::nullopt}));
 }
@@ -98,7 +101,7 @@ TEST(RandomLines, OfAnyBytesGiveTheLiteralWordsAndPath) {
 TEST(RandomProgramMaker, ProgramsAreNotMostlyEmptyOrCutShort) {
     int withArcs = 0;
     int cutShort = 0;
-    int vertices = 0;
+    qsizetype vertices = 0;
     for (std::uint64_t seed = 1; seed <= 500; ++seed) {
         RandomProgram random(seed);
         const std::size_t limit = random.maxVertices();
@@ -107,7 +110,7 @@ TEST(RandomProgramMaker, ProgramsAreNotMostlyEmptyOrCutShort) {
         cutShort += path.stop ? 1 : 0;
         vertices += path.vertices.size();
     }
-    RecordProperty("vertices", vertices);
+    RecordProperty("vertices", std::to_string(vertices));
     EXPECT_GT(vertices, 500 * 20);
     EXPECT_GT(withArcs, 100);
     EXPECT_GT(cutShort, 20);

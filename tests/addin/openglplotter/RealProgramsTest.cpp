@@ -48,7 +48,7 @@ TEST(RealPrograms, GiveTheLiteralPathBitForBit) {
     constexpr std::size_t kMaxVertices = 1'000'000;
     EXPECT_GE(files.size(), 300U);
     std::size_t bytes = 0;
-    int vertices = 0;
+    qsizetype vertices = 0;
     int drawn = 0;
     for (const fs::path& file : files) {
         const QString text = QString::fromStdString(bytesOf(file));
@@ -58,9 +58,9 @@ TEST(RealPrograms, GiveTheLiteralPathBitForBit) {
         EXPECT_FALSE(path.stop) << file;
         bytes += utf8.size();
         vertices += path.vertices.size();
-        drawn += path.vertices.isEmpty() ? 0 : 1;
+        drawn += path.vertices.empty() ? 0 : 1;
     }
-    std::printf("%zu programs, %zu bytes; %d draw something, %d points in all\n", files.size(),
+    std::printf("%zu programs, %zu bytes; %d draw something, %lld points in all\n", files.size(),
                 bytes, drawn, vertices);
     EXPECT_GT(drawn, 100);
 }

@@ -21,14 +21,14 @@ bool same(const Color& a, const Color& b) {
 }
 
 template <typename Value>
-testing::AssertionResult sameList(const char* what, const QVector<Value>& list,
+testing::AssertionResult sameList(const char* what, const PathList<Value>& list,
                                   const std::vector<Value>& judge) {
     if (static_cast<std::size_t>(list.size()) != judge.size()) {
         return testing::AssertionFailure()
                << list.size() << " " << what << ", not " << judge.size();
     }
     for (std::size_t i = 0; i < judge.size(); ++i) {
-        if (!same(list[static_cast<int>(i)], judge[i])) {
+        if (!same(list[static_cast<qsizetype>(i)], judge[i])) {
             return testing::AssertionFailure() << what << " differ at " << i;
         }
     }
@@ -70,4 +70,14 @@ testing::AssertionResult samePath(const PreviewPath& path, std::string_view text
         result = sameExtents(path.extents, judge.extents);
     }
     return result ? sameStop(path, text, judge.stoppedIn) : result;
+}
+
+testing::AssertionResult samePathInUtf16(PreviewPath path, const QString& text,
+                                         const LiteralPath& judge) {
+    const QByteArray utf8 = text.toUtf8();
+    if (path.stop) {
+        const int units = static_cast<int>(path.stop->offset);
+        path.stop->offset = static_cast<std::size_t>(text.left(units).toUtf8().size());
+    }
+    return samePath(path, {utf8.constData(), static_cast<std::size_t>(utf8.size())}, judge);
 }

@@ -11,3 +11,6 @@
 /// where it was cut short.
 testing::AssertionResult samePath(const PreviewPath& path, std::string_view text,
                                   const LiteralPath& judge);
+/// The same for a path made of `text` in UTF-16.
+testing::AssertionResult samePathInUtf16(PreviewPath path, const QString& text,
+                                         const LiteralPath& judge);
