@@ -33,7 +33,9 @@ private:
     int selectObjects();
     int fillPanel();
     int makeProgram();
+    int saveProgram();
     int writeProgram() const;
+    bool changesWhenSaved() const;
 
     bool fillToolPath();
     bool fillDrillCycle();
@@ -208,9 +210,17 @@ int Generation::fillPanel() {
                          "the add-in's panel has no " + m_panel->missingControl());
 }
 
+/// Whether "Save" writes more than what the panel gives out, or other bytes: it puts the comment
+/// before the program and numbers its lines, and a mark at the beginning is lost on the way here.
+bool Generation::changesWhenSaved() const {
+    return !m_options.comment.empty() || m_options.lineNumbers ||
+           (m_preamble && m_preamble->startsWith(QChar(QChar::ByteOrderMark)));
+}
+
 int Generation::makeProgram() {
+    QString program;
     bool finished = false;
-    const bool pressed = m_panel->generate(&finished);
+    const bool pressed = m_panel->generate(&program, &finished);
     for (const std::string& line : m_host.printedLines()) {
         finished ? tell(line) : warn(line);
     }
@@ -222,6 +232,15 @@ int Generation::makeProgram() {
                     "the add-in wrote no program; --type circle --type point chooses what can be "
                     "drilled");
     }
+    if (changesWhenSaved()) {
+        return saveProgram();
+    }
+    // A dialog for files takes as long to come up as all the rest of a small drawing.
+    m_program = program.toUtf8();
+    return kExitWritten;
+}
+
+int Generation::saveProgram() {
     const QTemporaryDir folder;
     if (!folder.isValid()) {
         return fail(kExitUnwritableOutput, "no folder for temporary files (TMPDIR): " +

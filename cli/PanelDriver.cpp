@@ -103,7 +103,7 @@ bool PanelDriver::click(const char* name) {
     return button != nullptr;
 }
 
-bool PanelDriver::generate(bool* finished) {
+bool PanelDriver::generate(QString* program, bool* finished) {
     QWidget* source = findProgramSource(m_panel);
     if (source == nullptr) {
         m_missingControl = kProgramSignal;
@@ -112,7 +112,8 @@ bool PanelDriver::generate(bool* finished) {
     ProgramReceiver receiver;
     QObject::connect(source, SIGNAL(GCodeGenFinish(QString)), &receiver, SLOT(take(QString)));
     const bool clicked = click("generateGCodeBtn");
-    *finished = receiver.received();
+    *finished = receiver.program().has_value();
+    *program = receiver.program().value_or(QString());
     return clicked;
 }
 

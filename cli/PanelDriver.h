@@ -21,7 +21,7 @@ public:
     bool check(const char* name, bool checked);
     bool click(const char* name);
     /// Clicks "Generate"; `finished` tells whether the panel gave out a program.
-    bool generate(bool* finished);
+    bool generate(QString* program, bool* finished);
     /// Clicks "Save" and answers its dialog with a file that does not exist yet; the content of
     /// the file, or nothing when none was written.
     std::optional<QByteArray> save(const QString& path);

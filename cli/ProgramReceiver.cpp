@@ -2,6 +2,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "ProgramReceiver.h"
 
-void ProgramReceiver::take(const QString& /*program*/) {
-    m_received = true;
+void ProgramReceiver::take(const QString& program) {
+    m_program = program;
 }

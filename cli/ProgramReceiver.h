@@ -2,19 +2,22 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <optional>
+
 #include <QObject>
 #include <QString>
 
-/// Notes that a panel gave out a program.
+/// Keeps the program that a panel gave out last.
 class ProgramReceiver : public QObject {
     Q_OBJECT
 
 public:
-    bool received() const { return m_received; }
+    /// Nothing when there was none.
+    const std::optional<QString>& program() const { return m_program; }
 
 public Q_SLOTS:
     void take(const QString& program);
 
 private:
-    bool m_received = false;
+    std::optional<QString> m_program;
 };

@@ -106,6 +106,29 @@ TEST(Program, StartsWithTheCommentAndNumbersTheLines) {
     EXPECT_NE(run.output.indexOf("\nN45 G0 X0Y0\nN50 X10 Y20\n"), -1) << run.output.constData();
 }
 
+TEST(Program, IsTheSameWhetherThePanelGivesItOutOrSavesIt) {
+    const WorkFolder work;
+    const QStringList arguments =
+        QStringList{example("flange.dxf"), "--preamble",
+                    work.write("begin.txt", "; \xC3\xA4\tb  \n\n\xF0\x9F\x94\xA9\xC2\xA0G21"),
+                    "--postscript", work.write("end.txt", "")} +
+        toolPathSettings();
+    const CommandRun givenOut = runProgram(arguments);
+    const CommandRun saved = runProgram(arguments + QStringList{"--comment", "first"});
+    EXPECT_EQ(givenOut.code, 0) << givenOut.messages.constData();
+    EXPECT_EQ("first\n" + givenOut.output, saved.output);
+}
+
+TEST(Program, KeepsAMarkAtTheBeginningOfThePreambleAsThePanelDoes) {
+    const WorkFolder work;
+    const QByteArray mark = "\xEF\xBB\xBF";
+    // Reading the file drops one, the unit's click another.
+    const QString preamble = work.write("begin.txt", mark + mark + mark + "M3");
+    const CommandRun run =
+        runProgram(QStringList{example("flange.dxf"), "--preamble", preamble} + toolPathSettings());
+    EXPECT_TRUE(run.output.startsWith(mark + "M3\n")) << run.output.left(20).toHex().constData();
+}
+
 TEST(Program, WritesDifferencesInRelativeMotion) {
     const WorkFolder work;
     const QString drawing = work.write("a.dxf", drawingOf(kPoint + kSecondPoint));
