@@ -19,6 +19,9 @@ constexpr std::size_t kMostSmoothLines = 5000;
 constexpr std::size_t kMostBoldLines = 30000;
 /// How far beyond the part lines are drawn, so that no end of a bold one shows.
 constexpr double kMargin = 4;
+/// In device pixels.
+constexpr double kLineWidth = 1;
+constexpr double kSelectedWidth = 2;
 
 WorldBox grown(const WorldBox& box, double by) {
     return {box.minX - by, box.minY - by, box.maxX + by, box.maxY + by};
@@ -65,6 +68,14 @@ struct Look {
     double width = 1;
     bool smooth = true;
 };
+
+CollectorSetup setupOf(const DeviceCanvas& canvas, double margin, double width, bool smooth) {
+    CollectorSetup setup{canvas.map(), grown(canvas.part(), margin), canvas.ratio(), smooth, {}};
+    if (smooth) {
+        setup.snap = canvas.snap(width);
+    }
+    return setup;
+}
 
 void drawObjects(DeviceCanvas* canvas, const outline::Outlines& outlines,
                  const ObjectLines& objects, const Look& look) {
@@ -137,17 +148,16 @@ void CanvasPainter::paint(QPainter* painter, const QRectF& part,
     visible.add(m_transform.toWorld(part.topLeft() - margin));
     visible.add(m_transform.toWorld(part.bottomRight() + margin));
     const bool smooth = isSmooth();
-    const CollectorSetup setup{canvas.map(), grown(canvas.part(), kMargin), canvas.ratio(), smooth};
-    ObjectCollector others(data.outlines, setup);
-    ObjectCollector chosen(data.outlines, setup);
+    ObjectCollector others(data.outlines, setupOf(canvas, kMargin, kLineWidth, smooth));
+    ObjectCollector chosen(data.outlines, setupOf(canvas, kMargin, kSelectedWidth, smooth));
     data.tree.visit(visible, [&](std::uint32_t object) {
         const bool isSelected = object < selected.size() && selected[object];
         (isSelected ? chosen : others).add(object);
         return true;
     });
-    drawObjects(&canvas, data.outlines, others.take(), {colors.object, 1, smooth});
+    drawObjects(&canvas, data.outlines, others.take(), {colors.object, kLineWidth, smooth});
     ObjectLines lines = chosen.take();
-    drawSelected(&canvas, data.outlines, &lines, {colors.selected, 2, smooth});
+    drawSelected(&canvas, data.outlines, &lines, {colors.selected, kSelectedWidth, smooth});
 }
 
 void CanvasPainter::paintHovered(QPainter* painter, std::size_t object) const {
@@ -158,11 +168,10 @@ void CanvasPainter::paintHovered(QPainter* painter, std::size_t object) const {
     const CanvasColors colors = CanvasColors::of(m_options.canvas);
     DeviceCanvas canvas(painter, m_transform, QRectF(QPointF(), m_transform.size()));
     const bool smooth = outlines.lineCount(object) <= kMostSmoothLines;
-    ObjectCollector collector(
-        outlines, {canvas.map(), grown(canvas.part(), 2 * kMargin), canvas.ratio(), smooth});
+    ObjectCollector collector(outlines, setupOf(canvas, 2 * kMargin, kLineWidth, smooth));
     collector.add(object);
     const ObjectLines lines = collector.take();
     const Look halo{mixed(colors.background, colors.hovered, 0.45), 5 * canvas.ratio(), smooth};
     drawObjects(&canvas, outlines, lines, halo);
-    drawObjects(&canvas, outlines, lines, {colors.hovered, 1, smooth});
+    drawObjects(&canvas, outlines, lines, {colors.hovered, kLineWidth, smooth});
 }

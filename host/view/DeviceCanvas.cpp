@@ -6,16 +6,6 @@
 
 #include <QPolygonF>
 
-namespace {
-
-/// Moves the middle of a line to where its width covers whole pixels.
-double sharp(double at, double shift, double width) {
-    const bool odd = std::lround(width) % 2 != 0;
-    return (odd ? std::floor(at + shift) + 0.5 : std::round(at + shift)) - shift;
-}
-
-}  // namespace
-
 QPen devicePen(const QColor& color, double width) {
     QPen pen(color, width, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin);
     pen.setCosmetic(true);
@@ -47,12 +37,13 @@ void DeviceCanvas::drawLines(const std::vector<QLineF>& lines, const QPen& pen) 
 }
 
 void DeviceCanvas::drawSharp(std::vector<QLineF> lines, const QPen& pen) {
+    const PixelSnap pixels = snap(pen.widthF());
     for (QLineF& line : lines) {
         if (std::abs(line.dy()) < 0.01) {
-            const double y = sharp(line.y1(), m_shift.y(), pen.widthF());
+            const double y = pixels.y(line.y1());
             line.setLine(line.x1(), y, line.x2(), y);
         } else if (std::abs(line.dx()) < 0.01) {
-            const double x = sharp(line.x1(), m_shift.x(), pen.widthF());
+            const double x = pixels.x(line.x1());
             line.setLine(x, line.y1(), x, line.y2());
         }
     }

@@ -9,6 +9,7 @@
 #include <QPen>
 
 #include "view/Flatten.h"
+#include "view/PixelSnap.h"
 #include "view/ViewTransform.h"
 
 /// A pen of a width in device pixels.
@@ -29,6 +30,8 @@ public:
     const WorldBox& part() const { return m_part; }
     /// Device pixels per logical pixel.
     double ratio() const { return m_ratio; }
+    /// Where `drawSharp` moves lines of a width.
+    PixelSnap snap(double width) const { return {m_shift, width}; }
 
     void drawLines(const std::vector<QLineF>& lines, const QPen& pen);
     /// The same, smoothed, with lines along an axis moved so that they cover whole pixels.

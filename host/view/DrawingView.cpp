@@ -26,6 +26,7 @@ constexpr double kArrowPart = 0.1;
 /// The hover is looked for at most this often.
 constexpr int kHoverMs = 10;
 constexpr int kBoxFillAlpha = 48;
+constexpr double kPointMark = 6;
 /// When more objects than this change, all is painted again.
 constexpr std::size_t kMostParts = 200;
 /// How far a mark or a bold line reaches beyond its object, in pixels.
@@ -126,7 +127,7 @@ void DrawingView::startZoomWindow() {
 void DrawingView::startPoints(int count) {
     m_box.reset();
     m_pointCount = count;
-    m_pointsGiven = 0;
+    m_points.clear();
     setMode(count > 0 ? Mode::Points : Mode::Select);
 }
 
@@ -200,6 +201,30 @@ void DrawingView::paintOverlay(QPainter* painter) const {
     if (m_box && m_cursor) {
         paintBox(painter);
     }
+    if (!m_points.isEmpty()) {
+        paintPoints(painter);
+    }
+}
+
+void DrawingView::paintPoints(QPainter* painter) const {
+    QPolygonF corners;
+    for (const QPointF& point : m_points) {
+        corners.append(m_transform.toScreen(point));
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(CanvasColors::of(m_options.canvas).hovered, 1));
+    for (const QPointF& corner : corners) {
+        const QPointF right(kPointMark, 0);
+        const QPointF down(0, kPointMark);
+        painter->drawLine(corner - right, corner + right);
+        painter->drawLine(corner - down, corner + down);
+    }
+    if (m_mode == Mode::Points && m_cursor) {
+        corners.append(*m_cursor);
+    }
+    painter->drawPolyline(corners);
+    painter->restore();
 }
 
 void DrawingView::paintBox(QPainter* painter) const {
@@ -235,7 +260,7 @@ void DrawingView::setMode(Mode mode) {
 
 QString DrawingView::hint() const {
     if (m_mode == Mode::Points) {
-        return tr("Point %1 of %2").arg(m_pointsGiven + 1).arg(m_pointCount);
+        return tr("Point %1 of %2").arg(m_points.size() + 1).arg(m_pointCount);
     }
     if (m_mode == Mode::ZoomWindow) {
         return m_box ? tr("Zoom window: opposite corner") : tr("Zoom window: first corner");
@@ -283,7 +308,7 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event) {
         (position - *m_press).manhattanLength() >= QApplication::startDragDistance()) {
         openBox(*m_press);
     }
-    if (m_box) {
+    if (m_box || m_mode == Mode::Points) {
         update();
     }
     lookForHovered();
@@ -316,6 +341,9 @@ void DrawingView::endPan() {
 }
 
 void DrawingView::pressLeft(const QPointF& position, Qt::KeyboardModifiers modifiers) {
+    if (m_mode != Mode::Points) {
+        clearPoints();
+    }
     if (m_mode == Mode::Points) {
         givePoint(position);
     } else if (m_box) {
@@ -387,9 +415,9 @@ void DrawingView::editSelection(const std::vector<std::size_t>& objects,
 
 void DrawingView::givePoint(const QPointF& position) {
     const QPointF point = m_transform.toWorld(position);
-    ++m_pointsGiven;
+    m_points.append(point);
     // The mode first: who is told of the last point may start the next mode.
-    setMode(m_pointsGiven < m_pointCount ? Mode::Points : Mode::Select);
+    setMode(m_points.size() < m_pointCount ? Mode::Points : Mode::Select);
     Q_EMIT pointGiven(point);
 }
 
@@ -412,7 +440,15 @@ void DrawingView::confirm() {
     Q_EMIT confirmed();
 }
 
+void DrawingView::clearPoints() {
+    if (!m_points.isEmpty()) {
+        m_points.clear();
+        update();
+    }
+}
+
 bool DrawingView::endGesture() {
+    clearPoints();
     const bool hadBox = m_box.has_value();
     m_box.reset();
     m_press.reset();

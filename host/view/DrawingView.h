@@ -9,6 +9,7 @@
 #include <QBasicTimer>
 #include <QPoint>
 #include <QPointF>
+#include <QPolygonF>
 #include <QString>
 #include <QWidget>
 
@@ -91,6 +92,7 @@ private:
     QRectF frameOf(std::size_t object) const;
     void paintOverlay(QPainter* painter) const;
     void paintBox(QPainter* painter) const;
+    void paintPoints(QPainter* painter) const;
 
     void panBy(const QPointF& delta);
     void zoomAt(const QPointF& position, double factor);
@@ -110,6 +112,7 @@ private:
     void finishBox(const QPointF& position, Qt::KeyboardModifiers modifiers);
     void givePoint(const QPointF& position);
     void editSelection(const std::vector<std::size_t>& objects, Qt::KeyboardModifiers modifiers);
+    void clearPoints();
     /// Enter or the right button.
     void confirm();
     /// False when there was no box and no mode to end.
@@ -135,7 +138,8 @@ private:
 
     Mode m_mode = Mode::Select;
     int m_pointCount = 0;
-    int m_pointsGiven = 0;
+    /// Given so far, and shown until the next click or Escape; in drawing units.
+    QPolygonF m_points;
     /// Where the mouse is; nothing while it is elsewhere.
     std::optional<QPointF> m_cursor;
     /// Where the left button went down, while it is held and the click may become one thing or

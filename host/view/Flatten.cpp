@@ -11,6 +11,8 @@ namespace {
 
 constexpr int kMaxDepth = 48;
 constexpr double kQuarter = 1.5707963267948966;
+/// How near to an axis an arc ends that runs on into a line along the other.
+constexpr double kOnAxis = 1e-3;
 
 bool holds(const WorldBox& box, const QPointF& point) {
     return box.minX <= point.x() && point.x() <= box.maxX && box.minY <= point.y() &&
@@ -90,10 +92,32 @@ void Flattener::add(const Segment& segment) {
 QPointF Flattener::pixelAt(const Arc& arc, double angle) const {
     const QPointF center = m_map.map(arc.center);
     const double radius = arc.radius * m_map.scale;
-    return {center.x() + radius * std::cos(angle), center.y() - radius * std::sin(angle)};
+    const double share = arc.sweep > 0 ? (angle - arc.start) / arc.sweep : 0;
+    return QPointF(center.x() + radius * std::cos(angle), center.y() - radius * std::sin(angle)) +
+           m_bend.at(share);
+}
+
+QPointF Flattener::moveOf(const Arc& arc, double angle) const {
+    const double quarters = angle / kQuarter;
+    if (std::abs(quarters - std::round(quarters)) * kQuarter > kOnAxis) {
+        return {};
+    }
+    const QPointF center = m_map.map(arc.center);
+    const double x = center.x() + arc.radius * m_map.scale * std::cos(angle);
+    const double y = center.y() - arc.radius * m_map.scale * std::sin(angle);
+    const bool endsUpright = std::abs(std::cos(angle)) > 0.5;
+    return endsUpright ? QPointF(m_snap->x(x) - x, 0) : QPointF(0, m_snap->y(y) - y);
+}
+
+Flattener::Bend Flattener::bendOf(const Arc& arc) const {
+    if (!m_snap || arc.isFull() || arc.sweep <= 0) {
+        return {};
+    }
+    return {moveOf(arc, arc.start), moveOf(arc, arc.start + arc.sweep)};
 }
 
 void Flattener::add(const Arc& arc) {
+    m_bend = bendOf(arc);
     const QPointF center = m_map.map(arc.center);
     const double radius = arc.radius * m_map.scale;
     if (m_clip.contains(WorldBox{center.x() - radius, center.y() - radius, center.x() + radius,
@@ -122,13 +146,14 @@ void Flattener::addWholeArc(const Arc& arc, double radius) {
     const double s = std::sin(step);
     const QPointF center = m_map.map(arc.center);
     QPointF spoke(radius * std::cos(arc.start), -radius * std::sin(arc.start));
-    const QPointF start = center + spoke;
+    const QPointF start = center + spoke + m_bend.start;
     const QPointF end = arc.isFull() ? start : pixelAt(arc, arc.start + arc.sweep);
     QPointF from = start;
     for (double i = 1; i < count; ++i) {
         spoke = {spoke.x() * c + spoke.y() * s, spoke.y() * c - spoke.x() * s};
-        m_curved.emplace_back(from, center + spoke);
-        from = center + spoke;
+        const QPointF to = center + spoke + m_bend.at(i / count);
+        m_curved.emplace_back(from, to);
+        from = to;
     }
     m_curved.emplace_back(from, end);
 }

@@ -9,6 +9,7 @@
 
 #include "view/Bezier.h"
 #include "view/Outline.h"
+#include "view/PixelSnap.h"
 #include "view/WorldBox.h"
 
 namespace outline {
@@ -36,6 +37,9 @@ public:
     Flattener(const DeviceMap& map, const WorldBox& clip, double tolerance)
         : m_map(map), m_clip(clip), m_tolerance(tolerance) {}
 
+    /// Bends arcs to where lines along an axis will be moved, at ends that such a line may run
+    /// into.
+    void setSnap(const PixelSnap& snap) { m_snap = snap; }
     /// Appends an object's curves; notes are not lines.
     void add(const Outlines& outlines, std::size_t object);
     void add(const Segment& segment);
@@ -55,7 +59,16 @@ private:
         double angle;
         QPointF pixel;
     };
+    /// How far the ends of an arc are moved; what is between them follows.
+    struct Bend {
+        QPointF start;
+        QPointF end;
+
+        QPointF at(double share) const { return start * (1 - share) + end * share; }
+    };
     void addChord(const QPointF& first, const QPointF& second);
+    Bend bendOf(const Arc& arc) const;
+    QPointF moveOf(const Arc& arc, double angle) const;
     QPointF pixelAt(const Arc& arc, double angle) const;
     void addWholeArc(const Arc& arc, double radius);
     void addVisibleArc(const Arc& arc, const ArcEnd& from, const ArcEnd& to, int depth);
@@ -63,6 +76,9 @@ private:
     DeviceMap m_map;
     WorldBox m_clip;
     double m_tolerance;
+    std::optional<PixelSnap> m_snap;
+    /// Of the arc that is being added.
+    Bend m_bend;
     std::vector<QLineF> m_straight;
     std::vector<QLineF> m_curved;
     BezierWalk m_walk;

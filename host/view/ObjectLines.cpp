@@ -28,7 +28,11 @@ ObjectCollector::ObjectCollector(const outline::Outlines& outlines, const Collec
       m_pixelRatio(setup.pixelRatio),
       m_columns(pixels(setup.clip.width())),
       m_rows(pixels(setup.clip.height())),
-      m_dotted(static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows)) {}
+      m_dotted(static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows)) {
+    if (setup.snap) {
+        m_flattener.setSnap(*setup.snap);
+    }
+}
 
 void ObjectCollector::add(std::size_t object) {
     const WorldBox& world = m_outlines.boxes[object];

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include <QPointF>
 
 #include "view/Flatten.h"
+#include "view/PixelSnap.h"
 #include "view/SceneData.h"
 
 /// What is drawn of many objects, in device pixels.
@@ -28,6 +30,8 @@ struct CollectorSetup {
     double pixelRatio = 1;
     /// Whether lines are smoothed: then the eye sees finer corners.
     bool smooth = false;
+    /// How lines along an axis will be moved, so that arcs still meet them.
+    std::optional<PixelSnap> snap;
 };
 
 /// Collects what is seen of objects inside of a box of pixels.

@@ -65,6 +65,18 @@ double coverage(const QImage& image, int column) {
     return sum;
 }
 
+/// Where the ink of a part of a column lies, on average.
+double inkHeight(const QImage& image, int column, int top, int bottom) {
+    double sum = 0;
+    double moment = 0;
+    for (int y = top; y < bottom; ++y) {
+        const int ink = std::abs(qRed(image.pixel(column, y)) - qRed(kBackground));
+        sum += ink;
+        moment += ink * (y + 0.5);
+    }
+    return moment / sum;
+}
+
 int countPixels(const QImage& image, QRgb color) {
     int count = 0;
     for (int y = 0; y < image.height(); ++y) {
@@ -163,6 +175,32 @@ TEST(CanvasPainter, ALineThroughTheMiddleIsThereAtAHugeZoom) {
             EXPECT_NE(image.pixel(x, y), kBackground) << scale << ' ' << x;
         }
         EXPECT_NE(image.pixel(10, 100), kBackground) << scale;
+    }
+}
+
+TEST(CanvasPainter, ALineRunsIntoAnArcWithoutAStep) {
+    const double quarter = std::acos(0.0);
+    // A plate with rounded corners: above and below lines meet arcs at x = -100 and x = 100.
+    const SceneFixture fixture(
+        {kxCreateLine("0", {-100, 80, 0}, {100, 80, 0}),
+         kxCreateLine("0", {-100, -80, 0}, {100, -80, 0}),
+         kxCreateCircleArc("0", {{100, 40, 0}, 40, 0, quarter}),
+         kxCreateCircleArc("0", {{-100, 40, 0}, 40, quarter, 2 * quarter}),
+         kxCreateCircleArc("0", {{-100, -40, 0}, 40, 2 * quarter, 3 * quarter}),
+         kxCreateCircleArc("0", {{100, -40, 0}, 40, 3 * quarter, 4 * quarter})});
+    for (const bool isSelected : {false, true}) {
+        for (double off = 0; off < 1; off += 0.1) {
+            const QImage image =
+                painted(fixture.scene, viewOf({off, off}, 1), 1, std::vector<bool>(6, isSelected));
+            for (const int join : {50, 250}) {
+                const int outside = join < 150 ? -2 : 2;
+                for (const int top : {0, 140}) {
+                    EXPECT_NEAR(inkHeight(image, join - outside, top, top + 60),
+                                inkHeight(image, join + outside, top, top + 60), 0.25)
+                        << off << ' ' << join << ' ' << top << ' ' << isSelected;
+                }
+            }
+        }
     }
 }
 

@@ -297,6 +297,26 @@ TEST_F(DrawingViewPictureTest, boxesAreDrawnWithTheirOwnColours) {
     EXPECT_EQ(picture().pixelColor(QPoint(400, 200) * ratio), colors.background);
 }
 
+TEST_F(DrawingViewPictureTest, givenPointsAreMarkedAndJoinedUntilTheNextClick) {
+    // Blue, on a ground that is nearly grey.
+    const auto isMarked = [&](const QPoint& place) {
+        const QColor seen = picture().pixelColor(place * view->devicePixelRatioF());
+        return seen.blue() - seen.red() > 50;
+    };
+    view->startPoints(2);
+    click({200, 200});
+    move({300, 200});
+    EXPECT_TRUE(isMarked({200, 196}));
+    EXPECT_TRUE(isMarked({250, 200})) << "a line to the cursor";
+    click({300, 200});
+    move({400, 100});
+    EXPECT_TRUE(isMarked({300, 196}));
+    EXPECT_TRUE(isMarked({250, 200})) << "what was measured stays to be seen";
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(isMarked({250, 200}));
+    EXPECT_FALSE(isMarked({200, 196}));
+}
+
 TEST_F(DrawingViewPictureTest, linesStayOnePixelWideAtAnyZoom) {
     const int ratio = static_cast<int>(view->devicePixelRatioF());
     add({line(-1e6, 200, 1e6, 200), line(276, -1e6, 276, 1e6)});
