@@ -101,6 +101,7 @@ void GCodeWidget::CreateUI() {
     createUnitCategory();
     createFeedCategory();
     createViewCategory();
+    showFocused(m_gcodeWidget->GCodeTreeWidget);
 }
 
 void GCodeWidget::startUIGroup(QTreeWidgetItem* item, QtCategoryButton* button,

@@ -3,6 +3,7 @@
 #include "core/PanelControls.h"
 
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QIcon>
@@ -10,9 +11,11 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSvgRenderer>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTreeWidget>
 
 #include "core/PanelResources.h"
 
@@ -22,6 +25,7 @@ constexpr int kComboMaximumHeight = 30;
 constexpr int kLabelSize = 30;
 constexpr int kPictureSize = 24;
 constexpr int kButtonIconSize = 20;
+constexpr int kFocusMargin = 8;
 
 const char* const kComboStyle =
     "background-color: rgb(255, 255, 255);selection-background-color: rgb(52,140,196); "
@@ -39,6 +43,35 @@ QPixmap picture(const QString& icon) {
     pixmap.setDevicePixelRatio(ratio);
     return pixmap;
 }
+
+/// Looks at the focus of the controls of a tree.
+class FocusFollower : public QObject {
+public:
+    explicit FocusFollower(QTreeWidget* tree) : QObject(tree), m_tree(tree) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn && !isByMouse(static_cast<QFocusEvent&>(*event))) {
+            show(*static_cast<QWidget*>(watched));
+        }
+        return false;
+    }
+
+private:
+    /// What is clicked must not move away under the mouse, and was visible before.
+    static bool isByMouse(const QFocusEvent& event) {
+        return event.reason() == Qt::MouseFocusReason ||
+               event.reason() == Qt::ActiveWindowFocusReason ||
+               event.reason() == Qt::PopupFocusReason;
+    }
+    void show(const QWidget& control) const {
+        const int top = control.mapTo(m_tree->viewport(), QPoint()).y() - kFocusMargin;
+        const int below = top + control.height() + 2 * kFocusMargin - m_tree->viewport()->height();
+        QScrollBar* bar = m_tree->verticalScrollBar();
+        bar->setValue(bar->value() + qMin(top, qMax(below, 0)));
+    }
+
+    QTreeWidget* m_tree;
+};
 
 }  // namespace
 
@@ -101,4 +134,11 @@ std::pair<QLabel*, QLineEdit*> addFieldRow(const FieldRow& row, QGridLayout* gri
     grid->addWidget(label, gridRow, 0);
     grid->addWidget(edit, gridRow, 1);
     return {label, edit};
+}
+
+void showFocused(QTreeWidget* tree) {
+    auto* follower = new FocusFollower(tree);
+    for (QWidget* control : tree->viewport()->findChildren<QWidget*>()) {
+        control->installEventFilter(follower);
+    }
 }

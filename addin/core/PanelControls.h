@@ -14,6 +14,7 @@ class QLineEdit;
 class QPushButton;
 class QStringList;
 class QTextEdit;
+class QTreeWidget;
 class QWidget;
 
 // The controls the panel is made of, each with its object name and look. Sizes in pixels.
@@ -42,3 +43,6 @@ struct FieldRow {
 
 /// Adds a row to a page's grid: an icon label of 30 x 30 and a line edit.
 std::pair<QLabel*, QLineEdit*> addFieldRow(const FieldRow& row, QGridLayout* grid);
+
+/// Scrolls a tree to each of the controls in it that the keyboard's focus comes to.
+void showFocused(QTreeWidget* tree);
