@@ -115,14 +115,10 @@ void HelpWindow::closeEvent(QCloseEvent* event) {
 
 QString HelpWindow::manualFolder() {
     const QDir program(QCoreApplication::applicationDirPath());
-    const QString installed = QLatin1String("../") + QString::fromLatin1(kManualFolder);
-    for (const QString& folder :
-         {program.filePath(installed), QStringLiteral(KXHOST_SOURCE_MANUAL)}) {
-        if (QDir(folder).exists()) {
-            return QDir::cleanPath(folder);
-        }
-    }
-    return {};
+    // The same in the installed place and where the program is built.
+    const QString folder =
+        program.filePath(QLatin1String("../") + QString::fromLatin1(kManualFolder));
+    return QDir(folder).exists() ? QDir::cleanPath(folder) : QString();
 }
 
 QString HelpWindow::pageOfTopic(long topic) {

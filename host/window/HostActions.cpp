@@ -26,7 +26,7 @@ struct Spec {
 };
 
 // NOLINTNEXTLINE(readability-function-size): a plain table
-constexpr std::array<Spec, 33> kSpecs{{
+constexpr std::array<Spec, 35> kSpecs{{
     {"OPEN", "&Open...", "open", "Ctrl+O", "Open drawings", Needs::Nothing},
     {"RELOAD", "&Reload", "reload", "Ctrl+R; F5", "Read the drawing from its file again"},
     {"CLOSE", "&Close", "close", "Ctrl+W", "Close the drawing"},
@@ -52,6 +52,10 @@ constexpr std::array<Spec, 33> kSpecs{{
     {"NEXT", "&Next Drawing", nullptr, "Ctrl+Tab; Ctrl+PgDown", "Show the next drawing"},
     {"PREVIOUS", "&Previous Drawing", nullptr, "Ctrl+Shift+Tab; Ctrl+PgUp",
      "Show the drawing before"},
+    {"NEXTAREA", "Next A&rea", nullptr, "F6",
+     "Go on to the command line, a panel, the layers, or the drawing", Needs::Nothing},
+    {"PREVIOUSAREA", "Previous Area", nullptr, "Shift+F6", "Go the other way round",
+     Needs::Nothing},
     {"INFO", "Object Information", "info", "Ctrl+D", "Tell about the selected objects"},
     {"MEASURE", "Measure Distance", "measure", "Ctrl+M", "Measure between two points"},
     {"REPORT", "Import Report", "report", "", "Show what became of the file's entities"},

@@ -104,7 +104,7 @@ void HostMenus::fillViewMenu() {
     m_view->clear();
     addActions(m_view, *m_parts.actions,
                {"ZOOMFIT", "ZOOMWINDOW", "ZOOMIN", "ZOOMOUT", "", "GRID", "AXES", "CANVAS", "",
-                "NEXT", "PREVIOUS", ""});
+                "NEXT", "PREVIOUS", "NEXTAREA", "PREVIOUSAREA", ""});
     m_view->addAction(m_parts.layers->toggleViewAction());
     m_view->addAction(m_parts.commandLine->toggleViewAction());
     for (QDockWidget* dock : m_parts.panes->docks()) {

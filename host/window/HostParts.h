@@ -32,6 +32,8 @@ struct HostParts {
     /// Keeps the settings and puts them into effect.
     std::function<void()> settingsChanged;
     std::function<void()> showManual;
+    /// Moves the keyboard's focus on by so many areas of the window.
+    std::function<void(int)> walkAreas;
 };
 
 using CommandArguments = QStringList;

@@ -31,7 +31,7 @@ LayersDock::LayersDock(QWidget* parent)
     : QDockWidget(tr("Layers"), parent),
       m_table(new QTreeWidget),
       m_allOn(new QPushButton(tr("All O&n"))),
-      m_allOff(new QPushButton(tr("All O&ff"))) {
+      m_allOff(new QPushButton(tr("All &Off"))) {
     setObjectName("layersDock");
     m_table->setObjectName("layersTable");
     m_table->setHeaderLabels({tr("Layer"), tr("Objects")});

@@ -23,6 +23,7 @@
 #include "view/DrawingView.h"
 #include "window/AddinFiles.h"
 #include "window/AddinPanes.h"
+#include "window/AreaWalk.h"
 #include "window/CommandInput.h"
 #include "window/DrawingTab.h"
 #include "window/Drawings.h"
@@ -157,7 +158,19 @@ HostParts MainWindow::commandParts() {
         applySettings();
     };
     parts.showManual = [this] { showHelp(HelpWindow::pageOfTopic(0)); };
+    parts.walkAreas = [this](int by) { AreaWalk([this] { return areas(); }).step(by); };
     return parts;
+}
+
+QList<QWidget*> MainWindow::areas() const {
+    const DrawingTab* tab = m_drawings->current();
+    QWidget* const centre = tab != nullptr ? tab->view() : m_centre->currentWidget();
+    QList<QWidget*> areas{centre, m_commandLine};
+    for (QDockWidget* dock : m_panes->docks()) {
+        areas.append(dock->widget());
+    }
+    areas.append(m_layers->widget());
+    return areas;
 }
 
 void MainWindow::createMenus() {

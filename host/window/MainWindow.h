@@ -61,6 +61,8 @@ private:
     void createCentre();
     void createCommands();
     HostParts commandParts();
+    /// In the order of F6.
+    QList<QWidget*> areas() const;
     void createMenus();
     void connectSession();
     void connectDrawings();

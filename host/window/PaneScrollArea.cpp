@@ -17,6 +17,8 @@ constexpr int kUsualHeight = 600;
 
 PaneScrollArea::PaneScrollArea(QWidget* pane, int paneWidth) : m_paneWidth(paneWidth) {
     setFrameShape(QFrame::NoFrame);
+    // The focus goes to what is in it, and it scrolls there.
+    setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);
     QSizePolicy policy = sizePolicy();

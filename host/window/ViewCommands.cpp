@@ -125,4 +125,8 @@ void addViewCommands(const HostParts& parts) {
                [parts](const CommandArguments&) { parts.drawings->walk(1); }});
     table.add({"PREVIOUS", QString(), tr("Shows the drawing before."),
                [parts](const CommandArguments&) { parts.drawings->walk(-1); }});
+    table.add({"NEXTAREA", QString(), tr("Goes to the next area of the window."),
+               [parts](const CommandArguments&) { parts.walkAreas(1); }, true});
+    table.add({"PREVIOUSAREA", QString(), tr("Goes to the area of the window before."),
+               [parts](const CommandArguments&) { parts.walkAreas(-1); }, true});
 }

@@ -13,8 +13,11 @@
 #include "window/HostResources.h"
 #include "window/MainWindow.h"
 #include "window/OpenEach.h"
+#include "window/ToolkitRemarks.h"
 
 namespace {
+
+constexpr int kNoDisplay = 1;
 
 QStringList toTexts(int argc, char** argv) {
     QStringList texts;
@@ -33,6 +36,14 @@ bool isAnsweredAtOnce(int argc, char** argv) {
         }
     }
     return false;
+}
+
+/// The toolkit ends the program without an answer when it finds no display at all.
+bool hasDisplay(int argc, char** argv) {
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") ||
+           toTexts(argc, argv).contains("-platform");
 }
 
 void print(const QString& message, int exitCode) {
@@ -70,11 +81,16 @@ int runWindow(const HostOptions& options) {
 int main(int argc, char** argv) {
     QString message;
     int exitCode = 0;
-    if (isAnsweredAtOnce(argc, argv) &&
-        !parseHostOptions(toTexts(argc, argv), &message, &exitCode)) {
+    const bool needsNoDisplay = isAnsweredAtOnce(argc, argv) || !hasDisplay(argc, argv);
+    if (needsNoDisplay && !parseHostOptions(toTexts(argc, argv), &message, &exitCode)) {
         print(message, exitCode);
         return exitCode;
     }
+    if (!hasDisplay(argc, argv)) {
+        print("kxhost: there is no display to open a window on", kNoDisplay);
+        return kNoDisplay;
+    }
+    hideIconSizeRemark();
     describeApplication();
     const QApplication application(argc, argv);
     loadHostResources();

@@ -206,10 +206,10 @@ TEST(HelpPages, The_panels_topic_has_its_page_and_others_the_contents) {
     EXPECT_EQ(HelpWindow::pageOfTopic(-1), "index.html");
 }
 
-TEST(HelpPages, The_manual_is_found_beside_the_sources) {
+TEST(HelpPages, The_manual_is_found_where_the_program_is_built) {
     const QString manual = HelpWindow::manualFolder();
-    EXPECT_TRUE(manual.isEmpty() || QDir(manual).exists());
-    EXPECT_EQ(manual, QDir(KXHOST_TEST_MANUAL).exists() ? KXHOST_TEST_MANUAL : "");
+    EXPECT_EQ(QDir(manual).canonicalPath(), QDir(KXHOST_TEST_MANUAL).canonicalPath());
+    EXPECT_TRUE(QFile::exists(manual + "/panel.html"));
 }
 
 }  // namespace
