@@ -96,7 +96,9 @@ void DxfModelBuilder::beginEntity(const DxfRecord& record) {
         return;
     }
     m_entity.content = LeftOut{"not understood"};
-    feed(record);
+    if (!takePlain(record)) {
+        feed(record);
+    }
 }
 
 void DxfModelBuilder::finishEntity() {

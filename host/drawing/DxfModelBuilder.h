@@ -72,6 +72,7 @@ private:
     void beginEntity(const DxfRecord& record);
     void finishEntity();
     void takeVertex(const DxfRecord& record);
+    bool takePlain(const DxfRecord& record);
     void feed(const DxfRecord& record);
     void write(int code, std::string_view value);
     void writeCounts(const DxfRecord& record);
