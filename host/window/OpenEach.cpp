@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QThread>
 
 #include "view/DrawingView.h"
 #include "window/DrawingTab.h"
@@ -37,7 +38,8 @@ bool waitForPaint(DrawingTab* tab) {
     QElapsedTimer elapsed;
     elapsed.start();
     while (!watch.painted && elapsed.elapsed() < kPaintLimitMs) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+        QCoreApplication::processEvents();
+        QThread::msleep(1);
     }
     return watch.painted;
 }

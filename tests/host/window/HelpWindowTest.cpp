@@ -43,7 +43,9 @@ protected:
     }
     void show(const QString& name) {
         help->showPage(name);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(help.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(help.get()));
+        // Not asked of the window system: windows of other tests on the screen take its focus.
+        QApplication::setActiveWindow(help.get());
     }
     std::string title() const { return help->windowTitle().toStdString(); }
     std::string text() const { return page->toPlainText().toStdString(); }
@@ -166,7 +168,7 @@ TEST_F(HelpWindowTest, Text_is_found_forward_and_around_the_end) {
     show("panel.html");
     QTest::keyClick(help.get(), Qt::Key_F, Qt::ControlModifier);
     auto* const typed = help->findChild<QLineEdit*>("findText");
-    ASSERT_TRUE(waitUntil([&] { return typed->hasFocus(); }));
+    ASSERT_EQ(help->focusWidget(), typed);
     QTest::keyClicks(typed, "apple");
     const int first = page->textCursor().selectionStart();
     EXPECT_EQ(page->textCursor().selectedText(), "Apple");

@@ -3,7 +3,6 @@
 // The window worked with the keyboard alone.
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QDockWidget>
 #include <QMenuBar>
 #include <QSet>
@@ -25,24 +24,24 @@ protected:
     }
     /// By the mouse nothing is clicked: the focus comes by F6.
     void enterPane() const {
-        for (int i = 0; i < 5 && !isInPane(QApplication::focusWidget()); ++i) {
+        for (int i = 0; i < 5 && !isInPane(window->focusWidget()); ++i) {
             press(Qt::Key_F6);
         }
-        ASSERT_TRUE(isInPane(QApplication::focusWidget()));
+        ASSERT_TRUE(isInPane(window->focusWidget()));
     }
     /// The controls that Tab comes to before it leaves the panel.
     QList<QWidget*> walk(Qt::Key key) const {
         QList<QWidget*> walked;
-        for (int i = 0; i < 100 && isInPane(QApplication::focusWidget()); ++i) {
-            QWidget* const control = QApplication::focusWidget();
+        for (int i = 0; i < 100 && isInPane(window->focusWidget()); ++i) {
+            QWidget* const control = window->focusWidget();
             if (qobject_cast<QTreeWidget*>(control) == nullptr) {
                 EXPECT_FALSE(control->visibleRegion().isEmpty())
                     << control->objectName().toStdString() << " is not to be seen";
                 walked.append(control);
             }
-            QTest::keyClick(control, key);
+            press(key);
         }
-        EXPECT_FALSE(isInPane(QApplication::focusWidget())) << "Tab never leaves the panel";
+        EXPECT_FALSE(isInPane(window->focusWidget())) << "Tab never leaves the panel";
         return walked;
     }
     /// Where a control lies, however far the panel is scrolled.
@@ -127,24 +126,24 @@ TEST_F(PanelFocusTest, F6GoesRoundTheAreasOfTheWindow) {
     open(example("flange.dxf"));
     tab()->view()->setFocus();
     press(Qt::Key_F6);
-    EXPECT_EQ(QApplication::focusWidget(), find<QWidget>("commandInput"));
+    EXPECT_EQ(window->focusWidget(), find<QWidget>("commandInput"));
     press(Qt::Key_F6);
-    EXPECT_TRUE(isInPane(QApplication::focusWidget()));
+    EXPECT_TRUE(isInPane(window->focusWidget()));
     press(Qt::Key_F6);
-    EXPECT_EQ(QApplication::focusWidget(), find<QWidget>("layersTable"));
+    EXPECT_EQ(window->focusWidget(), find<QWidget>("layersTable"));
     press(Qt::Key_F6);
-    EXPECT_EQ(QApplication::focusWidget(), tab()->view());
+    EXPECT_EQ(window->focusWidget(), tab()->view());
     press(Qt::Key_F6, Qt::ShiftModifier);
-    EXPECT_EQ(QApplication::focusWidget(), find<QWidget>("layersTable"));
+    EXPECT_EQ(window->focusWidget(), find<QWidget>("layersTable"));
 }
 
 TEST_F(PanelFocusTest, F6ReturnsToTheControlThatWasLeft) {
     open(example("flange.dxf"));
     find<QWidget>("feedRateXY")->setFocus();
     press(Qt::Key_F6, Qt::ShiftModifier);
-    EXPECT_EQ(QApplication::focusWidget(), find<QWidget>("commandInput"));
+    EXPECT_EQ(window->focusWidget(), find<QWidget>("commandInput"));
     press(Qt::Key_F6);
-    EXPECT_EQ(QApplication::focusWidget(), find<QWidget>("feedRateXY"));
+    EXPECT_EQ(window->focusWidget(), find<QWidget>("feedRateXY"));
 }
 
 TEST_F(PanelFocusTest, F6LeavesOutWhatIsHidden) {
@@ -153,20 +152,20 @@ TEST_F(PanelFocusTest, F6LeavesOutWhatIsHidden) {
     find<QDockWidget>("layersDock")->hide();
     tab()->view()->setFocus();
     press(Qt::Key_F6);
-    EXPECT_EQ(QApplication::focusWidget(), find<QWidget>("commandInput"));
+    EXPECT_EQ(window->focusWidget(), find<QWidget>("commandInput"));
     press(Qt::Key_F6);
-    EXPECT_EQ(QApplication::focusWidget(), tab()->view());
+    EXPECT_EQ(window->focusWidget(), tab()->view());
 }
 
 TEST_F(PanelFocusTest, F6WorksWithoutADrawingAndWhileAPromptWaits) {
     find<QWidget>("commandInput")->setFocus();
     press(Qt::Key_F6, Qt::ShiftModifier);
-    EXPECT_EQ(QApplication::focusWidget(), find<QWidget>("welcomeOpen"));
+    EXPECT_EQ(window->focusWidget(), find<QWidget>("welcomeOpen"));
     open(example("flange.dxf"));
     generateAndThen([this] {
         tab()->view()->setFocus();
         press(Qt::Key_F6);
-        EXPECT_EQ(QApplication::focusWidget(), find<QWidget>("commandInput"));
+        EXPECT_EQ(window->focusWidget(), find<QWidget>("commandInput"));
         press(Qt::Key_Return);
     });
     EXPECT_TRUE(said().contains("Selected objects: 0")) << said().toStdString();
