@@ -9,6 +9,9 @@
 
 namespace {
 
+/// The clipboard is one for all programs on the screen: other tests must not use it meanwhile.
+using CommandLineClipboardTest = CommandLineTest;
+
 TEST_F(CommandLineTest, EnterReportsEchoesAndRemembersTheLine) {
     enter("open a.dxf");
     EXPECT_EQ(entered, QStringList({"open a.dxf"}));
@@ -229,7 +232,7 @@ TEST_F(CommandLineTest, TheCompletionsStandAtTheFieldOnTheScreen) {
     EXPECT_TRUE(window->screen()->geometry().contains(popup->geometry()));
 }
 
-TEST_F(CommandLineTest, PastedLinesRunInOrder) {
+TEST_F(CommandLineClipboardTest, PastedLinesRunInOrder) {
     QApplication::clipboard()->setText("open a.dxf\r\n\n  clear\nunits");
     press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_TRUE(QTest::qWaitFor([this] { return entered.size() >= 3; }));
@@ -238,7 +241,7 @@ TEST_F(CommandLineTest, PastedLinesRunInOrder) {
     EXPECT_EQ(line->history().lines(), entered);
 }
 
-TEST_F(CommandLineTest, WhatWasTypedBeforeAPasteBelongsToItsFirstLine) {
+TEST_F(CommandLineClipboardTest, WhatWasTypedBeforeAPasteBelongsToItsFirstLine) {
     QApplication::clipboard()->setText("a.dxf\nclear\n");
     type("open ");
     press(Qt::Key_V, Qt::ControlModifier);
@@ -246,7 +249,7 @@ TEST_F(CommandLineTest, WhatWasTypedBeforeAPasteBelongsToItsFirstLine) {
     EXPECT_EQ(entered, QStringList({"open a.dxf", "clear"}));
 }
 
-TEST_F(CommandLineTest, APastedLineWithoutAnEndIsOnlyPutIn) {
+TEST_F(CommandLineClipboardTest, APastedLineWithoutAnEndIsOnlyPutIn) {
     QApplication::clipboard()->setText("open a.dxf");
     press(Qt::Key_V, Qt::ControlModifier);
     QCoreApplication::processEvents();
@@ -254,7 +257,7 @@ TEST_F(CommandLineTest, APastedLineWithoutAnEndIsOnlyPutIn) {
     EXPECT_TRUE(entered.isEmpty());
 }
 
-TEST_F(CommandLineTest, APasteStopsWhenALineTakesTheCommandLine) {
+TEST_F(CommandLineClipboardTest, APasteStopsWhenALineTakesTheCommandLine) {
     const QPointer<CommandLine> watched(line);
     QObject::connect(line, &CommandLine::entered, line, [this] { delete line; });
     QApplication::clipboard()->setText("one\ntwo");
@@ -302,7 +305,7 @@ TEST_F(CommandLineTest, KeysInTheMessagesGoToTheField) {
     EXPECT_EQ(cancelled, 1);
 }
 
-TEST_F(CommandLineTest, MessagesCanBeSelectedAndCopied) {
+TEST_F(CommandLineClipboardTest, MessagesCanBeSelectedAndCopied) {
     line->print("Selected objects: 5 ");
     log->setFocus();
     press(Qt::Key_A, Qt::ControlModifier);
