@@ -36,6 +36,8 @@ void prepareToolkit(bool needsDisplay, const QString& settingsFolder) {
     qInstallMessageHandler(showErrorsOnly);
     if (!needsDisplay) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        // With a display the hidden view would start OpenGL there, which takes as long as all else.
+        qunsetenv("DISPLAY");
     }
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     // The dialogs that are driven here must not leave traces in the user's settings.
