@@ -72,7 +72,7 @@ void sizes(benchmark::internal::Benchmark* subject) {
 
 void once(benchmark::internal::Benchmark* subject) {
     sizes(subject);
-    subject->Iterations(1);
+    subject->Iterations(1)->Repetitions(1);
 }
 
 BENCHMARK_CAPTURE(fast, randomLines, &randomLines)->Apply(sizes);
