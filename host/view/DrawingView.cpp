@@ -111,6 +111,11 @@ void DrawingView::zoomToFit() {
     startFrame();
 }
 
+void DrawingView::zoomTo(const WorldBox& box) {
+    m_transform.fit(box, 0);
+    startFrame();
+}
+
 void DrawingView::zoomIn() {
     zoomAt(QRectF(rect()).center(), kZoomStep);
 }
@@ -392,8 +397,7 @@ void DrawingView::finishBox(const QPointF& position, Qt::KeyboardModifiers modif
     update();
     lookForHovered();
     if (m_mode == Mode::ZoomWindow) {
-        m_transform.fit(box, 0);
-        startFrame();
+        zoomTo(box);
         setMode(Mode::Select);
         return;
     }

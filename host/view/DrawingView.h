@@ -49,6 +49,7 @@ public:
     const CanvasOptions& options() const { return m_options; }
 
     void zoomToFit();
+    void zoomTo(const WorldBox& box);
     void zoomIn();
     void zoomOut();
     /// The next drag of the left button chooses the part to be shown.

@@ -11,11 +11,13 @@
 #include "KxText.h"
 #include "commandline/CommandTable.h"
 #include "drawing/Selectable.h"
+#include "view/DrawingView.h"
 #include "window/Dialogs.h"
 #include "window/DrawingTab.h"
 #include "window/HostParts.h"
 #include "window/ObjectText.h"
 #include "window/SelectionKeeper.h"
+#include "window/TypedPoints.h"
 
 namespace {
 
@@ -112,6 +114,28 @@ void selectType(const HostParts& parts, DrawingTab& tab, const CommandArguments&
     }
 }
 
+/// As a box that is drawn from the first corner to the second.
+void selectBox(const HostParts& parts, DrawingTab& tab, const CommandArguments& words) {
+    const bool isRemoved = words.value(2).toUpper() == "REMOVE";
+    const auto points = typedPoints(words.mid(0, isRemoved ? 2 : -1));
+    if (!points) {
+        parts.complain(tr("SELECTBOX takes two corners: X,Y X,Y [REMOVE]"));
+        return;
+    }
+    WorldBox box;
+    box.add(points->first);
+    box.add(points->second);
+    const DrawingScene& scene = tab.view()->scene();
+    Objects objects;
+    const bool isCrossing = points->second.x() < points->first.x();
+    for (const std::size_t index : isCrossing ? scene.crossing(box) : scene.contained(box)) {
+        objects.push_back(scene.objects()[index]);
+    }
+    isRemoved ? parts.selection->remove(&tab, objects) : parts.selection->add(&tab, objects);
+    const auto count = static_cast<long>(parts.selection->selected(&tab).size());
+    parts.say(tr("%1 selected").arg(plural(count, tr("object"), tr("objects"))));
+}
+
 void invert(const HostParts& parts, DrawingTab& tab) {
     std::set<const kxObject*> chosen;
     for (const kxObject_ptr& object : parts.selection->selected(&tab)) {
@@ -146,6 +170,13 @@ void addSelectionCommands(const HostParts& parts) {
                              selectType(parts, tab, names);
                          }),
                true});
+    table.add(
+        {"SELECTBOX", "X,Y X,Y [REMOVE]",
+         tr("Selects what lies between two corners, or what it touches when the second is on "
+            "the left."),
+         onDrawing(parts, [parts](DrawingTab& tab,
+                                  const CommandArguments& words) { selectBox(parts, tab, words); }),
+         true});
     table.add({"INVERT", QString(), tr("Selects what is not selected, and the reverse."),
                onDrawing(parts,
                          [parts](DrawingTab& tab, const CommandArguments&) { invert(parts, tab); }),

@@ -17,6 +17,7 @@
 #include "window/ObjectText.h"
 #include "window/SelectionKeeper.h"
 #include "window/SettingsDialog.h"
+#include "window/TypedPoints.h"
 
 namespace {
 
@@ -100,6 +101,16 @@ void showCommands(const HostParts& parts) {
     showText(tr("Commands"), text, parts.window);
 }
 
+void measure(const HostParts& parts, DrawingTab& tab, const CommandArguments& arguments) {
+    if (arguments.isEmpty()) {
+        parts.measure->start(&tab);
+    } else if (const auto points = typedPoints(arguments)) {
+        parts.say(MeasureTool::resultText(points->first, points->second));
+    } else {
+        parts.complain(tr("MEASURE takes two points: X,Y X,Y"));
+    }
+}
+
 void changeSettings(const HostParts& parts) {
     SettingsDialog dialog(*parts.settings, parts.window);
     if (dialog.exec() == QDialog::Accepted) {
@@ -140,9 +151,11 @@ void addToolCommands(const HostParts& parts) {
                onDrawing(parts, [parts](DrawingTab& tab,
                                         const CommandArguments&) { tellObjects(parts, tab); }),
                true});
-    table.add({"MEASURE", QString(), tr("Measures between two points."),
-               onDrawing(parts, [parts](DrawingTab& tab,
-                                        const CommandArguments&) { parts.measure->start(&tab); }),
+    table.add({"MEASURE", "[X,Y X,Y]", tr("Measures between two points."),
+               onDrawing(parts,
+                         [parts](DrawingTab& tab, const CommandArguments& arguments) {
+                             measure(parts, tab, arguments);
+                         }),
                true});
     table.add({"REPORT", QString(), tr("Shows what became of the file's entities."),
                onDrawing(parts, [parts](DrawingTab& tab,

@@ -10,6 +10,7 @@
 #include "window/Drawings.h"
 #include "window/HostParts.h"
 #include "window/HostSettings.h"
+#include "window/TypedPoints.h"
 
 namespace {
 
@@ -17,9 +18,21 @@ QString tr(const char* text) {
     return QCoreApplication::translate("HostCommands", text);
 }
 
-void zoomWindow(DrawingTab& tab) {
-    tab.view()->startZoomWindow();
-    tab.view()->setFocus();
+void zoomWindow(const HostParts& parts, DrawingTab& tab, const CommandArguments& arguments) {
+    if (arguments.isEmpty()) {
+        tab.view()->startZoomWindow();
+        tab.view()->setFocus();
+        return;
+    }
+    const auto points = typedPoints(arguments);
+    if (!points || points->first == points->second) {
+        parts.complain(tr("ZOOMWINDOW takes two corners: X,Y X,Y"));
+        return;
+    }
+    WorldBox box;
+    box.add(points->first);
+    box.add(points->second);
+    tab.view()->zoomTo(box);
 }
 
 void setCanvas(const HostParts& parts, const CommandArguments& arguments) {
@@ -88,13 +101,18 @@ void addZoomCommand(const HostParts& parts, const char* name, const QString& hel
 void addViewCommands(const HostParts& parts) {
     addZoomCommand(parts, "ZOOMFIT", tr("Shows the whole drawing."),
                    [](DrawingTab& tab) { tab.view()->zoomToFit(); });
-    addZoomCommand(parts, "ZOOMWINDOW", tr("Shows the part that the next box encloses."),
-                   &zoomWindow);
     addZoomCommand(parts, "ZOOMIN", tr("Shows less of the drawing, larger."),
                    [](DrawingTab& tab) { tab.view()->zoomIn(); });
     addZoomCommand(parts, "ZOOMOUT", tr("Shows more of the drawing, smaller."),
                    [](DrawingTab& tab) { tab.view()->zoomOut(); });
     CommandTable& table = *parts.commands;
+    table.add({"ZOOMWINDOW", "[X,Y X,Y]",
+               tr("Shows the part between two corners, or that the next box encloses."),
+               onDrawing(parts,
+                         [parts](DrawingTab& tab, const CommandArguments& arguments) {
+                             zoomWindow(parts, tab, arguments);
+                         }),
+               true});
     table.add({"GRID", "[ON|OFF]", tr("Switches the grid."),
                [parts](const CommandArguments& arguments) {
                    bool& grid = parts.settings->canvas.grid;

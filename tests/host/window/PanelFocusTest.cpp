@@ -171,6 +171,35 @@ TEST_F(PanelFocusTest, F6WorksWithoutADrawingAndWhileAPromptWaits) {
     EXPECT_TRUE(said().contains("Selected objects: 0")) << said().toStdString();
 }
 
+TEST_F(PanelFocusTest, BoxesAreTypedAsTheyAreDrawn) {
+    open(writeMixed());
+    type("SELECTBOX -1,-1 101,30");
+    EXPECT_EQ(selectedCount(), 2U) << "a line and the circle lie inside";
+    type("SELECTBOX 90,60 80,40");
+    EXPECT_EQ(selectedCount(), 3U) << "the other line is touched";
+    type("SELECTBOX 80,40 90,60 REMOVE");
+    EXPECT_EQ(selectedCount(), 3U) << "it does not lie inside";
+    type("SELECTBOX 90,60 80,40 REMOVE");
+    EXPECT_EQ(selectedCount(), 2U);
+    type("SELECTBOX 90 80");
+    EXPECT_TRUE(said().contains("SELECTBOX takes two corners")) << said().toStdString();
+    EXPECT_EQ(selectedCount(), 2U);
+}
+
+TEST_F(PanelFocusTest, DistancesAndPartsAreTypedToo) {
+    open(writeMixed());
+    type("MEASURE 0,0 3,-4");
+    EXPECT_TRUE(said().contains("Distance 5, dX 3, dY -4")) << said().toStdString();
+    type("MEASURE 0,0 x,1");
+    EXPECT_TRUE(said().contains("MEASURE takes two points")) << said().toStdString();
+    type("ZOOMWINDOW 40,10 60,20");
+    const QPointF middle = tab()->view()->transform().toWorld(tab()->view()->rect().center());
+    EXPECT_NEAR(middle.x(), 50, 0.1);
+    EXPECT_NEAR(middle.y(), 15, 0.1);
+    type("ZOOMWINDOW 1,1 1,1");
+    EXPECT_TRUE(said().contains("ZOOMWINDOW takes two corners")) << said().toStdString();
+}
+
 TEST_F(PanelFocusTest, NoButtonTakesTheLetterOfAMenu) {
     open(example("flange.dxf"));
     QSet<QString> taken;
