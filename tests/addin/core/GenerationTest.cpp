@@ -135,7 +135,11 @@ TEST(NumberText, IsWhatTheStreamWritesHalfwayBetweenTwoResultsAndBesideIt) {
     for (int i = 0; i < 100000; ++i) {
         // Six digits and a half, anywhere from below the smallest to above the greatest fixed form.
         const double half = static_cast<double>(random() % 1000000) + 0.5;
-        expectAsTheStreamWritesAround(half / std::pow(10.0, static_cast<double>(random() % 12)));
+        const double scale = std::pow(10.0, static_cast<double>(random() % 12));
+        const double beside = std::pow(10.0, -1 - static_cast<double>(random() % 11));
+        expectAsTheStreamWritesAround(half / scale);
+        expectAsTheStreamWritesAround((half - beside) / scale);
+        expectAsTheStreamWritesAround((half + beside) / scale);
     }
 }
 
