@@ -142,9 +142,9 @@ std::vector<Drawn> sheetDrawing(std::size_t entities) {
     const auto plates = static_cast<double>(entities) / kEntitiesPerPlate;
     const auto columns = static_cast<std::size_t>(std::sqrt(plates * 1.5)) + 1;
     for (std::size_t i = 0; !sheet.isFull(); ++i) {
+        const std::size_t row = i / columns;
         plate(&sheet, &chance,
-              {kCell * static_cast<double>(i % columns), kCell * static_cast<double>(i / columns),
-               0});
+              {kCell * static_cast<double>(i % columns), kCell * static_cast<double>(row), 0});
     }
     return sheet.take();
 }
