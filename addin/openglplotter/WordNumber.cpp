@@ -42,15 +42,3 @@ float wordNumber(std::string_view text) {
     }
     return narrowNumber(negative ? -value : value);
 }
-
-int truncateToInt(float value) {
-    using Limits = std::numeric_limits<int>;
-    if (std::isnan(value)) {
-        return 0;
-    }
-    // The largest int is no float; the next float above it is the first one out of range.
-    if (value >= -static_cast<float>(Limits::min())) {
-        return Limits::max();
-    }
-    return value <= static_cast<float>(Limits::min()) ? Limits::min() : static_cast<int>(value);
-}

@@ -23,4 +23,14 @@ inline float narrowNumber(double value) {
 }
 
 /// `value` without its fraction; beyond 32 bits the nearest limit, and 0 for NaN.
-int truncateToInt(float value);
+inline int truncateToInt(float value) {
+    using Limits = std::numeric_limits<int>;
+    if (std::isnan(value)) {
+        return 0;
+    }
+    // The largest int is no float; the next float above it is the first one out of range.
+    if (value >= -static_cast<float>(Limits::min())) {
+        return Limits::max();
+    }
+    return value <= static_cast<float>(Limits::min()) ? Limits::min() : static_cast<int>(value);
+}

@@ -12,6 +12,7 @@ namespace {
 constexpr std::uint8_t kOther = kWordCount;
 constexpr std::uint8_t kNumberPart = kWordCount + 1;
 constexpr std::uint8_t kLineEnd = kWordCount + 2;
+constexpr std::uint8_t kNoKind = kWordCount + 3;
 
 /// For each byte: the place of the letter, `kNumberPart`, `kLineEnd` or `kOther`.
 constexpr std::array<std::uint8_t, 256> kindsOfBytes() {
@@ -37,7 +38,7 @@ std::uint8_t kindOf(char byte) {
 }
 
 std::uint8_t kindOf(char16_t unit) {
-    return unit < kKinds.size() ? kKinds[unit] : kOther;
+    return __builtin_expect(unit < kKinds.size(), 1) ? kKinds[unit] : kOther;
 }
 
 template <typename Unit>
@@ -69,7 +70,8 @@ float numberOf(const char16_t* begin, const char16_t* end) {
 /// ten are exact in double, so one division rounds as reading the text does, and a float holds the
 /// result. Gives the number's end, or null for any other text.
 template <typename Unit>
-const Unit* readPlainNumber(const Unit* p, const Unit* end, float* number) {
+[[gnu::always_inline]] inline const Unit* readPlainNumber(const Unit* p, const Unit* end,
+                                                          float* number) {
     static constexpr std::array<double, 16> kPowersOfTen = {
         1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     const bool negative = p != end && *p == '-';
@@ -98,8 +100,8 @@ const Unit* readPlainNumber(const Unit* p, const Unit* end, float* number) {
     return p;
 }
 
-/// The scan of `scanLine`; with `kAnyText` line ends are bytes like others.
-template <bool kAnyText, typename Unit>
+/// The scan of `scanLine`, up to a unit of the kind `kLast`.
+template <std::uint8_t kLast, typename Unit>
 const Unit* scan(const Unit* at, const Unit* end, WordValues* values, WordSet* seenWords) {
     values->fill(0);
     WordSet seen = 0;
@@ -107,7 +109,7 @@ const Unit* scan(const Unit* at, const Unit* end, WordValues* values, WordSet* s
     while (at != end) {
         const std::uint8_t kind = kindOf(*at);
         if (kind >= kWordCount) {
-            if (!kAnyText && kind == kLineEnd) {
+            if (kind == kLast) {
                 break;
             }
             ++at;
@@ -139,17 +141,17 @@ const Unit* scan(const Unit* at, const Unit* end, WordValues* values, WordSet* s
 }  // namespace
 
 const char* scanLine(const char* at, const char* end, WordValues* values, WordSet* seen) {
-    return scan<false>(at, end, values, seen);
+    return scan<kLineEnd>(at, end, values, seen);
 }
 
 const char16_t* scanLine(const char16_t* at, const char16_t* end, WordValues* values,
                          WordSet* seen) {
-    return scan<false>(at, end, values, seen);
+    return scan<kLineEnd>(at, end, values, seen);
 }
 
 WordSet scanWords(std::string_view line, WordValues* values) {
     WordSet seen = 0;
-    scan<true>(line.data(), line.data() + line.size(), values, &seen);
+    scan<kNoKind>(line.data(), line.data() + line.size(), values, &seen);
     return seen;
 }
 

@@ -85,6 +85,21 @@ void memoryOfALoad(benchmark::State& state) {
 }
 BENCHMARK(memoryOfALoad)->Apply(sizes)->Iterations(1);
 
+/// A peck cycle that runs into the greatest number of points.
+void loadOfFiftyMillionPoints(benchmark::State& state) {
+    for (auto _ : state) {
+        View view;
+        CountedGl gl(CountedGl::Uploads::areDropped);
+        const CountedMemory memory;
+        view.ShowGCode(QString::fromLatin1("G83 X0 Y0 Z-2000000000 R0 Q1"));
+        const auto vertices = static_cast<double>(view.state().pathSize());
+        state.counters["vertices"] = vertices;
+        state.counters["peakBytesAVertex"] = static_cast<double>(memory.peak()) / vertices;
+        state.counters["shownBytesAVertex"] = static_cast<double>(memory.held()) / vertices;
+    }
+}
+BENCHMARK(loadOfFiftyMillionPoints)->Iterations(1)->Unit(benchmark::kMillisecond);
+
 void frame(benchmark::State& state) {
     View view;
     view.ShowGCode(programOf(state));
