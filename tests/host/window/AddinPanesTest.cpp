@@ -16,6 +16,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -90,6 +91,14 @@ protected:
         return widget;
     }
     QDockWidget* dock(std::size_t index = 0) const { return panes->docks().at(index); }
+    /// Puts both into one place, and waits for their tabs: before these are there nothing is raised.
+    void tabify(QDockWidget* below, QDockWidget* above) const {
+        window->tabifyDockWidget(below, above);
+        EXPECT_TRUE(waitUntil([this] {
+            const auto* const bar = window->findChild<QTabBar*>();
+            return bar != nullptr && bar->isVisible() && bar->count() == 2;
+        }));
+    }
     QScrollArea* area(std::size_t index = 0) const {
         return qobject_cast<QScrollArea*>(dock(index)->widget());
     }
@@ -279,7 +288,7 @@ TEST_F(AddinPanesTest, Showing_brings_it_before_other_tabs) {
     const kxWindowHandle second = make("Second");
     fill(first, coloured("#ff0000"));
     fill(second, coloured("#0000ff"));
-    window->tabifyDockWidget(dock(0), dock(1));
+    tabify(dock(0), dock(1));
     dock(1)->raise();
     const QPoint place(window->width() - 100, window->height() / 2);
     ASSERT_TRUE(waitUntil([&] { return seenAt(*window, place) == QColor(Qt::blue); }));
@@ -299,8 +308,7 @@ TEST_F(AddinPanesTest, A_dock_of_the_host_covers_a_pane_behind_its_tab) {
     auto* const layers = new QDockWidget("Layers", window.get());
     layers->setWidget(coloured("#00ff00"));
     window->addDockWidget(Qt::RightDockWidgetArea, layers);
-    window->tabifyDockWidget(dock(), layers);
-    letPass(30);
+    tabify(dock(), layers);
     layers->raise();
     const QPoint place(window->width() - 100, window->height() / 2);
     EXPECT_TRUE(waitUntil([&] { return seenAt(*window, place) == QColor(Qt::green); }));
