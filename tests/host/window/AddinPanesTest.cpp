@@ -91,7 +91,8 @@ protected:
         return widget;
     }
     QDockWidget* dock(std::size_t index = 0) const { return panes->docks().at(index); }
-    /// Puts both into one place, and waits for their tabs: before these are there nothing is raised.
+    /// Puts both into one place, and waits for their tabs: before these are there nothing is
+    /// raised.
     void tabify(QDockWidget* below, QDockWidget* above) const {
         window->tabifyDockWidget(below, above);
         EXPECT_TRUE(waitUntil([this] {
