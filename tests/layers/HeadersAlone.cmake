@@ -23,14 +23,14 @@ function(kx_add_build_test name target)
 endfunction()
 
 set(headers "")
-foreach(folder sdk addin host cli)
+foreach(folder sdk addin check host cli)
   file(GLOB_RECURSE found CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${folder}/*.h")
   list(APPEND headers ${found})
 endforeach()
 kx_add_headers_alone(headers_alone "${PROJECT_SOURCE_DIR}" ${headers})
 target_include_directories(headers_alone PRIVATE
   "${PROJECT_SOURCE_DIR}/sdk/include" "${PROJECT_SOURCE_DIR}/sdk/src"
-  "${PROJECT_SOURCE_DIR}/addin" "${PROJECT_SOURCE_DIR}/host" "${PROJECT_SOURCE_DIR}/cli")
+  "${PROJECT_SOURCE_DIR}/addin" "${PROJECT_SOURCE_DIR}/check" "${PROJECT_SOURCE_DIR}/host" "${PROJECT_SOURCE_DIR}/cli")
 foreach(target gcode_panel GCodeAddin kxdrawing kxgcode kxhost)
   if(TARGET ${target}) # for the headers that it generates
     target_include_directories(headers_alone PRIVATE "$<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>")

@@ -27,6 +27,7 @@ const std::map<std::string, Names>& allowedOfLayer() {
          {"std", "system", "kxLibrary", "kxObjectType", "kxInterface", "kxHost", "kxPrivate"}},
         {"gcode_core", {"std", "kxObjectType", "gcode_core"}},
         {"gcode_preview", {"std", "qtvalue", "gcode_preview"}},
+        {"gcode_check", {"std", "gcode_check"}},
         {"addin",
          {"std", "system", "qt", "qtvalue", "opengl", "kxLibrary", "kxObjectType", "kxInterface",
           "gcode_core", "gcode_preview", "addin"}},
@@ -35,10 +36,10 @@ const std::map<std::string, Names>& allowedOfLayer() {
           "kxdrawing"}},
         {"kxhost",
          {"std", "system", "qt", "qtvalue", "boost", "kxLibrary", "kxObjectType", "kxInterface",
-          "kxHost", "kxdrawing", "kxhost"}},
+          "kxHost", "kxdrawing", "gcode_check", "kxhost"}},
         {"kxgcode",
          {"std", "system", "qt", "qtvalue", "cli11", "kxLibrary", "kxObjectType", "kxInterface",
-          "kxHost", "kxdrawing", "kxgcode"}},
+          "kxHost", "kxdrawing", "gcode_check", "kxgcode"}},
         {"examples", {"std", "kxLibrary", "kxObjectType", "kxInterface", "examples"}},
     };
     return table;
@@ -112,6 +113,9 @@ std::string layerOfFile(const fs::path& path, const PlainLibraries& libraries) {
     }
     if (startsWith(text, "host/")) {
         return startsWith(text, "host/drawing/") ? "kxdrawing" : "kxhost";
+    }
+    if (startsWith(text, "check/")) {
+        return "gcode_check";
     }
     return startsWith(text, "cli/") ? "kxgcode" : "examples";
 }
@@ -196,7 +200,7 @@ private:
     std::optional<fs::path> find(const fs::path& includer, const std::string& name) const {
         for (const fs::path& folder :
              {includer.parent_path(), m_root / "sdk/include", m_root / "sdk/src", m_root / "addin",
-              m_root / "host", m_root / "cli", m_root}) {
+              m_root / "host", m_root / "check", m_root / "cli", m_root}) {
             const fs::path candidate = (folder / name).lexically_normal();
             if (fs::is_regular_file(candidate) || fs::is_regular_file(candidate.string() + ".in")) {
                 return candidate.lexically_relative(m_root);
@@ -224,7 +228,7 @@ private:
 
 Report checkIncludes(const fs::path& root) {
     Checker checker(root.lexically_normal());
-    for (const char* folder : {"sdk", "addin", "host", "cli", "examples"}) {
+    for (const char* folder : {"sdk", "addin", "check", "host", "cli", "examples"}) {
         if (!fs::is_directory(root / folder)) {
             continue;
         }

@@ -22,9 +22,9 @@ TEST(SourceTree, noIncludePointsTheWrongWay) {
 
 TEST(SourceTree, everyLayerWasRead) {
     const auto files = checkIncludes(KX_SOURCE_DIR).filesOfLayer;
-    for (const char* layer :
-         {"kxLibrary headers", "kxLibrary", "kxInterface headers", "kxHost headers", "kxInterface",
-          "gcode_core", "gcode_preview", "addin", "kxdrawing", "kxgcode", "examples"}) {
+    for (const char* layer : {"kxLibrary headers", "kxLibrary", "kxInterface headers",
+                              "kxHost headers", "kxInterface", "gcode_core", "gcode_preview",
+                              "addin", "kxdrawing", "gcode_check", "kxgcode", "examples"}) {
         EXPECT_TRUE(files.count(layer) != 0) << "no file of " << layer;
     }
 }
@@ -53,6 +53,7 @@ protected:
         write("sdk/src/kxString.cpp", "#include <kx/kxString.h>\n");
         write("host/drawing/Reader.h", "#include <dxflib/dl_dxf.h>\n#include <kx/kxLine.h>\n");
         write("host/Window.h", "#include <QWidget>\n#include \"drawing/Reader.h\"\n");
+        write("check/interpreter/Motion.h", "#include <cstdint>\n");
         write("cli/Options.h",
               "#include <CLI/CLI.hpp>\n#include <QWidget>\n#include \"drawing/Reader.h\"\n");
         write("cli/Version.h.in", "#pragma once\n");
@@ -147,6 +148,11 @@ INSTANTIATE_TEST_SUITE_P(
         Planted{"drawingTakesQt", "host/drawing/Reader.h", "<QString>"},
         Planted{"drawingTakesWindow", "host/drawing/Reader.h", "\"Window.h\""},
         Planted{"drawingTakesCore", "host/drawing/Reader.h", "\"core/Arc.h\""},
+        Planted{"checkTakesQt", "check/interpreter/Motion.h", "<QString>"},
+        Planted{"checkTakesHost", "check/interpreter/Motion.h", "<kx/kxLine.h>"},
+        Planted{"checkTakesCore", "check/interpreter/Motion.h", "\"core/Arc.h\""},
+        Planted{"panelTakesCheck", "addin/core/GCodeWidget.h", "\"interpreter/Motion.h\""},
+        Planted{"drawingTakesCheck", "host/drawing/Reader.h", "\"interpreter/Motion.h\""},
         Planted{"windowTakesPanel", "host/Window.h", "\"core/GCodeWidget.h\""},
         Planted{"commandLineTakesCore", "cli/Options.h", "\"core/Arc.h\""},
         Planted{"commandLineTakesWindow", "cli/Options.h", "\"Window.h\""},
@@ -172,6 +178,8 @@ INSTANTIATE_TEST_SUITE_P(
         Planted{"panelTakesMoc", "addin/core/GCodeWidget.cpp", "\"moc_GCodeWidget.cpp\""},
         Planted{"drawingTakesHostHeader", "host/drawing/Reader.h", "<kx/host/kxHostDocument.h>"},
         Planted{"commandLineTakesItsGeneratedHeader", "cli/Main.cpp", "\"Version.h\""},
+        Planted{"commandLineTakesCheck", "cli/Main.cpp", "\"interpreter/Motion.h\""},
+        Planted{"windowTakesCheck", "host/Window.h", "\"interpreter/Motion.h\""},
         Planted{"commandLineTakesDrawing", "cli/Main.cpp", "\"drawing/Reader.h\""}),
     [](const auto& row) { return std::string(row.param.name); });
 
