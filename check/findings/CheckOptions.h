@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+#include "interpreter/MachineState.h"
+
+namespace gcode_check {
+
+// What the check is told besides program and drawing. Lengths are in the drawing's unit, without
+// a drawing of known unit in the program's; feeds in the program's unit per minute.
+struct CheckOptions {
+    double surfaceZ = 0;      // the material's top, in program coordinates
+    double tolerance = 0.02;  // how far from an object a cut may lie
+    // How much the two radii of an arc may differ; none: what the interpreter's controller takes
+    std::optional<double> arcRadiusTolerance;
+    double rapidRate = 5000;  // millimetres a minute, for the estimate of time
+    // The feed of strokes straight down, where the settings are known; none: what the program's
+    // own strokes say
+    std::optional<double> plungeFeed;
+    // So many findings of one kind are told, the others counted
+    std::size_t findingsPerKind = 100;
+    MachineOptions machine;
+};
+
+}  // namespace gcode_check

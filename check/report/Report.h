@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "findings/Check.h"
+
+namespace gcode_check {
+
+// What stands above a report; empty texts are left out. File names as they are to be shown.
+struct ReportHead {
+    std::string program;
+    std::string drawing;
+};
+
+}  // namespace gcode_check
