@@ -39,7 +39,7 @@ enum class PathMode : std::uint8_t { Continuous, ExactPath, ExactStop };  // G64
 // The modes after the last line that was executed.
 struct MachineState {
     Point position;  // millimetres, machine coordinates
-    ExtraAxes extra;
+    RotaryAxes rotary;
     bool inches = false;              // G20
     bool relative = false;            // G91
     bool arcCentresAbsolute = false;  // G90.1

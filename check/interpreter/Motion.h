@@ -20,14 +20,11 @@ inline bool operator!=(const Point& a, const Point& b) {
     return !(a == b);
 }
 
-// Rotary axes in degrees, secondary linear axes in millimetres.
-struct ExtraAxes {
+// Degrees.
+struct RotaryAxes {
     double a = 0;
     double b = 0;
     double c = 0;
-    double u = 0;
-    double v = 0;
-    double w = 0;
 };
 
 enum class Plane : std::uint8_t { XY, XZ, YZ };  // G17, G18, G19
@@ -70,7 +67,7 @@ struct Motion {
     std::int32_t turns = 0;    // of an arc: 1 up to a full turn counter-clockwise,
                                // -1 clockwise; 2: a full turn more, and so on
     std::uint32_t frame = 0;   // Reading::frames, for programToMachine and back
-    std::int32_t extra = -1;   // Reading::extraAxes at the end; -1: all are at 0
+    std::int32_t rotary = -1;  // Reading::rotaryAxes at the end; -1: all are at 0
     std::int32_t tool = 0;     // number of the tool in the spindle
     Point from;                // machine coordinates, millimetres
     Point to;

@@ -40,7 +40,7 @@ struct Fact {
 struct Reading {
     std::vector<Motion> motions;          // in the order in which the machine does them
     std::vector<Frame> frames;            // Motion::frame
-    std::vector<ExtraAxes> extraAxes;     // Motion::extra
+    std::vector<RotaryAxes> rotaryAxes;   // Motion::rotary
     std::vector<Diagnostic> diagnostics;  // in the order of the lines
     std::size_t diagnosticsLeftOut = 0;   // beyond MachineOptions::diagnosticsAtMost
     std::vector<Fact> facts;              // in the order of the lines
