@@ -21,7 +21,9 @@ bool isSameFile(const std::string& a, const std::string& b) {
     if (fs::exists(a, error) && !fs::is_regular_file(a, error)) {
         return false;
     }
-    return fs::weakly_canonical(a, error) == fs::weakly_canonical(b, error) ||
+    // Empty when a name leads nowhere, as in a loop of links.
+    const fs::path whole = fs::weakly_canonical(a, error);
+    return (!whole.empty() && whole == fs::weakly_canonical(b, error)) ||
            fs::equivalent(a, b, error);
 }
 

@@ -9,6 +9,7 @@
 #include "AddinFile.h"
 #include "ExitCode.h"
 #include "FileNames.h"
+#include "Message.h"
 #include "OffscreenHost.h"
 #include "PanelDriver.h"
 #include "Summary.h"
@@ -19,6 +20,24 @@
 #include "drawing/Selectable.h"
 
 namespace {
+
+QByteArray withoutLineNumbers(const QByteArray& text) {
+    QByteArray plain;
+    for (int begin = 0; begin < text.size();) {
+        const int end = text.indexOf('\n', begin);
+        const int next = end < 0 ? text.size() : end + 1;
+        const int blank = text.indexOf(' ', begin);
+        const int start = blank < 0 || blank >= next ? next : blank + 1;
+        plain.append(text.constData() + start, next - start);
+        begin = next;
+    }
+    return plain;
+}
+
+/// Whether all of the program was saved: where the disk is full the panel saves a part in silence.
+bool isWhole(const QByteArray& saved, const QByteArray& program, bool numbered) {
+    return numbered ? withoutLineNumbers(saved).endsWith(program) : saved.endsWith(program);
+}
 
 /// One run of the program. Each step returns the exit code to end with, or 0 to go on.
 class Generation {
@@ -33,16 +52,14 @@ private:
     int selectObjects();
     int fillPanel();
     int makeProgram();
-    int saveProgram();
+    int saveProgram(const QByteArray& program);
     int writeProgram() const;
     bool changesWhenSaved() const;
 
     bool fillToolPath();
     bool fillDrillCycle();
     bool fillTexts();
-    int fail(int code, const std::string& cause) const;
     void tell(const std::string& line) const;
-    void warn(const std::string& line) const;
 
     const Options& m_options;
     std::optional<QString> m_preamble;
@@ -54,19 +71,10 @@ private:
     QByteArray m_program;
 };
 
-int Generation::fail(int code, const std::string& cause) const {
-    std::cerr << "kxgcode: " << cause << "\n";
-    return code;
-}
-
 void Generation::tell(const std::string& line) const {
     if (!m_options.quiet) {
-        std::cerr << line << "\n";
+        sayLine(line);
     }
-}
-
-void Generation::warn(const std::string& line) const {
-    std::cerr << line << "\n";
 }
 
 int Generation::run() {
@@ -87,7 +95,7 @@ int Generation::readTexts() {
                                       m_options.postscriptFile, m_options.settingsFile},
                                      {m_options.output, m_options.preview});
     if (!error.empty()) {
-        return fail(kExitWrongUsage, error);
+        return sayFailure(kExitWrongUsage, error);
     }
     if (!m_options.preambleFile.empty()) {
         m_preamble = readTextFile(m_options.preambleFile, &error);
@@ -95,13 +103,13 @@ int Generation::readTexts() {
     if (!m_options.postscriptFile.empty()) {
         m_postscript = readTextFile(m_options.postscriptFile, &error);
     }
-    return error.empty() ? kExitWritten : fail(kExitUnreadableInput, error);
+    return error.empty() ? kExitWritten : sayFailure(kExitUnreadableInput, error);
 }
 
 int Generation::readDrawing() {
     kxdrawing::ReadResult result = kxdrawing::readDxf(m_options.drawing);
     if (!result.drawing) {
-        return fail(kExitUnreadableInput, result.error.toText());
+        return sayFailure(kExitUnreadableInput, result.error.toText());
     }
     m_drawing = std::move(*result.drawing);
     if (m_options.report) {
@@ -116,8 +124,8 @@ int Generation::readDrawing() {
         leftOut += row.outcome == kxdrawing::ImportOutcome::LeftOut ? row.count : 0;
     }
     if (leftOut > 0) {
-        warn("left out of the drawing: " + std::to_string(leftOut) +
-             "; --report says what and why");
+        sayLine("left out of the drawing: " + std::to_string(leftOut) +
+                "; --report says what and why");
     }
     return kExitWritten;
 }
@@ -126,10 +134,10 @@ int Generation::connectAddin() {
     std::string error;
     const std::string file = findAddinFile(m_options.addin, &error);
     if (file.empty() || !m_host.loadAddin(file, &error)) {
-        return fail(kExitUnreadableInput, "the add-in can't be loaded: " + error);
+        return sayFailure(kExitUnreadableInput, "the add-in can't be loaded: " + error);
     }
     if (!m_options.preview.empty() && !showView(m_host.pane(), &error)) {
-        return fail(kExitUnwritableOutput, error);
+        return sayFailure(kExitUnwritableOutput, error);
     }
     m_panel.emplace(m_host.pane());
     // After the add-in is there, so that it hears of the drawing and takes its unit over.
@@ -144,7 +152,7 @@ int Generation::selectObjects() {
     std::string unknown;
     filter.layers = layersOf(m_document->GetLayers(), m_options.layers, &unknown);
     if (!unknown.empty()) {
-        return fail(kExitNothingToWrite, m_options.drawing + ": " + unknown);
+        return sayFailure(kExitNothingToWrite, m_options.drawing + ": " + unknown);
     }
     for (const std::string& type : m_options.types) {
         for (const kxObjectType_e code : {kxLineType, kxCircleArcType, kxCircleType, kxPointType}) {
@@ -160,16 +168,16 @@ int Generation::selectObjects() {
     m_document->SetSelection(kxSelectionSetType_Current, chosen);
     const std::string noPath = noToolPathLine(chosen);
     if (!noPath.empty()) {
-        warn(noPath);
+        sayLine(noPath);
     }
     const bool any = std::any_of(chosen.begin(), chosen.end(), [](const kxObject_ptr& object) {
         return givesToolPath(object->GetType());
     });
     return any ? kExitWritten
-               : fail(kExitNothingToWrite,
-                      m_options.drawing +
-                          ": nothing to write, no line, arc, circle or point is "
-                          "visible and chosen");
+               : sayFailure(kExitNothingToWrite,
+                            m_options.drawing +
+                                ": nothing to write, no line, arc, circle or point is "
+                                "visible and chosen");
 }
 
 bool Generation::fillToolPath() {
@@ -206,8 +214,8 @@ int Generation::fillPanel() {
                         m_panel->choose("unitComboBox", static_cast<int>(m_options.motion)) &&
                         m_panel->click(isInch ? "inchRadioButton" : "mmRadioButton");
     return filled ? kExitWritten
-                  : fail(kExitUnreadableInput,
-                         "the add-in's panel has no " + m_panel->missingControl());
+                  : sayFailure(kExitUnreadableInput,
+                               "the add-in's panel has no " + m_panel->missingControl());
 }
 
 /// Whether "Save" writes more than what the panel gives out, or other bytes: it puts the comment
@@ -222,44 +230,47 @@ int Generation::makeProgram() {
     bool finished = false;
     const bool pressed = m_panel->generate(&program, &finished);
     for (const std::string& line : m_host.printedLines()) {
-        finished ? tell(line) : warn(line);
+        finished ? tell(line) : sayLine(line);
     }
     if (!pressed) {
-        return fail(kExitUnreadableInput, "the add-in's panel has no " + m_panel->missingControl());
+        return sayFailure(kExitUnreadableInput,
+                          "the add-in's panel has no " + m_panel->missingControl());
     }
     if (!finished) {
-        return fail(kExitNothingToWrite,
-                    "the add-in wrote no program; --type circle --type point chooses what can be "
-                    "drilled");
+        return sayFailure(
+            kExitNothingToWrite,
+            "the add-in wrote no program; --type circle --type point chooses what can be "
+            "drilled");
     }
     if (changesWhenSaved()) {
-        return saveProgram();
+        return saveProgram(program.toUtf8());
     }
     // A dialog for files takes as long to come up as all the rest of a small drawing.
     m_program = program.toUtf8();
     return kExitWritten;
 }
 
-int Generation::saveProgram() {
+int Generation::saveProgram(const QByteArray& program) {
     const QTemporaryDir folder;
     if (!folder.isValid()) {
-        return fail(kExitUnwritableOutput, "no folder for temporary files (TMPDIR): " +
-                                               folder.errorString().toStdString());
+        return sayFailure(kExitUnwritableOutput, "no folder for temporary files (TMPDIR): " +
+                                                     folder.errorString().toStdString());
     }
-    const std::optional<QByteArray> program =
+    const std::optional<QByteArray> saved =
         m_panel->save(folder.filePath(QString::fromLatin1("program.nc")));
-    if (!program) {
-        return fail(kExitUnwritableOutput,
-                    folder.path().toStdString() + ": the program can't be saved here");
+    if (!saved || !isWhole(*saved, program, m_options.lineNumbers)) {
+        return sayFailure(kExitUnwritableOutput,
+                          folder.path().toStdString() +
+                              ": the program can't be saved here (TMPDIR); is the disk full?");
     }
-    m_program = *program;
+    m_program = *saved;
     return kExitWritten;
 }
 
 int Generation::writeProgram() const {
     std::string error;
     if (!writeOutput(m_options.output, m_program, &error)) {
-        return fail(kExitUnwritableOutput, error);
+        return sayFailure(kExitUnwritableOutput, error);
     }
     if (!m_options.output.empty() && m_options.output != "-") {
         tell("Written: " + m_options.output + ", " + std::to_string(m_program.count('\n')) +
@@ -267,7 +278,7 @@ int Generation::writeProgram() const {
     }
     if (!m_options.preview.empty()) {
         if (!writeViewPicture(m_host.pane(), m_options.preview, &error)) {
-            return fail(kExitUnwritableOutput, error);
+            return sayFailure(kExitUnwritableOutput, error);
         }
         tell("Written: " + m_options.preview);
     }

@@ -11,7 +11,9 @@
 #include <memory>
 
 #include "ExitCode.h"
+#include "Message.h"
 #include "Version.h"
+#include "files/InputFile.h"
 
 namespace {
 
@@ -42,6 +44,17 @@ std::string checkNotNegative(const std::string& text) {
 const CLI::Validator kNumber(checkNumber, "");
 const CLI::Validator kPositive(checkPositive, "");
 const CLI::Validator kNotNegative(checkNotNegative, "");
+
+/// Before it is read: a pipe would be waited for, a device might never end.
+std::string checkSettingsFile(const std::string& path) {
+    constexpr std::size_t kLongest = std::size_t{16} << 20;
+    std::string cause;
+    const kxfiles::FileDescriptor file = kxfiles::openInput(path, &cause);
+    if (!file || !kxfiles::isReadable(file, kLongest, &cause)) {
+        throw CLI::FileError(path + ": " + cause, CLI::ExitCodes::FileError);
+    }
+    return {};
+}
 
 /// A settings file as CLI11 reads it, without a byte order mark.
 class SettingsFile : public CLI::ConfigTOML {
@@ -181,6 +194,7 @@ void addEverything(CLI::App& app, Options& options) {
     addAddin(app, options.addin);
     app.set_config("--config", "", "Settings file (TOML) with any of these options")
         ->type_name("FILE");
+    app.get_config_ptr()->check(CLI::Validator(checkSettingsFile, ""));
     app.config_formatter(std::make_shared<SettingsFile>());
     app.allow_config_extras(CLI::config_extras_mode::error);
     app.set_version_flag("--version", std::string("kxgcode ") + kVersion);
@@ -214,9 +228,8 @@ int settingsFailure(const CLI::App& app, const CLI::Error& error) {
     const std::string what = error.what();
     const std::string item = what.substr(what.rfind(' ') + 1);
     const int line = lineOf(file, item);
-    std::cerr << "kxgcode: " << file << (line > 0 ? ":" + std::to_string(line) : "") << ": '"
-              << item << "' is no setting\n";
-    return kExitUnreadableInput;
+    return sayFailure(kExitUnreadableInput, file + (line > 0 ? ":" + std::to_string(line) : "") +
+                                                ": '" + item + "' is no setting");
 }
 
 /// The exit code to end with at once, after what is to be said was printed; else nothing.
@@ -227,12 +240,12 @@ std::optional<int> parse(CLI::App& app, int argc, char** argv) {
         app.exit(success);
         return kExitWritten;
     } catch (const CLI::FileError& error) {
-        std::cerr << "kxgcode: " << error.what() << "\n";
-        return kExitUnreadableInput;
+        return sayFailure(kExitUnreadableInput, error.what());
     } catch (const CLI::ConfigError& error) {
         return settingsFailure(app, error);
     } catch (const CLI::Error& error) {
-        std::cerr << "kxgcode: " << error.what() << "\nRun kxgcode --help for the options.\n";
+        sayFailure(kExitWrongUsage, error.what());
+        sayLine("Run kxgcode --help for the options.");
         return kExitWrongUsage;
     }
     return std::nullopt;

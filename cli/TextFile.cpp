@@ -2,13 +2,17 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "TextFile.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
+#include <QByteArray>
 #include <QTextCodec>
 #include <cstdio>
 
+#include "files/InputFile.h"
+#include "files/OutputFile.h"
+
 namespace {
+
+/// Far more than any text that begins or ends a program.
+constexpr std::size_t kLongestText = std::size_t{64} << 20;
 
 bool isUtf8(const QByteArray& bytes) {
     QTextCodec::ConverterState state;
@@ -28,28 +32,25 @@ int firstBrokenLine(const QByteArray& bytes) {
     return number;
 }
 
-bool finish(QFileDevice& file, const QByteArray& content) {
-    return file.write(content) == content.size() && file.flush();
-}
-
-bool fail(const std::string& path, const QFileDevice& file, std::string* error) {
-    *error = path + ": " + file.errorString().toStdString();
+bool writeToStandardOutput(const QByteArray& content, std::string* cause) {
+    const std::string_view text(content.constData(), static_cast<std::size_t>(content.size()));
+    if (kxfiles::writeAll(fileno(stdout), text)) {
+        return true;
+    }
+    *cause = kxfiles::lastCause();
     return false;
 }
 
 }  // namespace
 
 std::optional<QString> readTextFile(const std::string& path, std::string* error) {
-    QFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::ReadOnly)) {
-        fail(path, file, error);
+    std::string content;
+    std::string cause;
+    if (!kxfiles::readInput(path, kLongestText, &content, &cause)) {
+        *error = path + ": " + cause;
         return std::nullopt;
     }
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        fail(path, file, error);
-        return std::nullopt;
-    }
+    QByteArray bytes = QByteArray::fromStdString(content);
     if (bytes.contains('\0')) {
         const int line = bytes.left(bytes.indexOf('\0')).count('\n') + 1;
         *error = path + ":" + std::to_string(line) + ": a zero byte, this is no text";
@@ -67,19 +68,12 @@ std::optional<QString> readTextFile(const std::string& path, std::string* error)
 }
 
 bool writeOutput(const std::string& path, const QByteArray& content, std::string* error) {
-    if (path.empty() || path == "-") {
-        QFile out;
-        const bool written = out.open(stdout, QIODevice::WriteOnly) && finish(out, content);
-        return written || fail("standard output", out, error);
+    const bool toFile = !path.empty() && path != "-";
+    std::string cause;
+    const bool written = toFile ? kxfiles::replaceFile(path, content.toStdString(), &cause)
+                                : writeToStandardOutput(content, &cause);
+    if (!written) {
+        *error = (toFile ? path : "standard output") + ": " + cause;
     }
-    const QString name = QString::fromStdString(path);
-    const QFileInfo info(name);
-    if (info.exists() && !info.isFile() && !info.isDir()) {
-        QFile device(name);
-        const bool written = device.open(QIODevice::WriteOnly) && finish(device, content);
-        return written || fail(path, device, error);
-    }
-    QSaveFile file(name);
-    const bool written = file.open(QIODevice::WriteOnly) && finish(file, content) && file.commit();
-    return written || fail(path, file, error);
+    return written;
 }

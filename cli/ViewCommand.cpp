@@ -2,58 +2,67 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "ViewCommand.h"
 
-#include <QFile>
-#include <iostream>
-
 #include "AddinFile.h"
 #include "ExitCode.h"
 #include "FileNames.h"
+#include "Message.h"
 #include "OffscreenHost.h"
 #include "PanelDriver.h"
 #include "ViewPicture.h"
+#include "files/InputFile.h"
 
 namespace {
 
-int fail(int code, const std::string& cause) {
-    std::cerr << "kxgcode: " << cause << "\n";
-    return code;
+/// As much as the panel takes.
+constexpr std::size_t kLongestProgram = 1000000000;
+
+/// Another name for an open file: one that the panel can take, whatever the file's own name is and
+/// whatever becomes of it meanwhile.
+QString nameOf(const kxfiles::FileDescriptor& file) {
+    return QString::fromLatin1("/proc/self/fd/%1").arg(file.handle());
+}
+
+/// The panel itself passes over a file that it can't read, so that is found out before.
+kxfiles::FileDescriptor openProgram(const std::string& path, std::string* cause) {
+    kxfiles::FileDescriptor file = kxfiles::openInput(path, cause);
+    if (file && !kxfiles::isReadable(file, kLongestProgram, cause)) {
+        return {};
+    }
+    return file;
 }
 
 }  // namespace
 
 int viewProgram(const ViewOptions& options) {
-    std::string clash = clashOfFiles({options.program}, {options.preview});
-    if (!clash.empty()) {
-        return fail(kExitWrongUsage, clash);
+    std::string error = clashOfFiles({options.program}, {options.preview});
+    if (!error.empty()) {
+        return sayFailure(kExitWrongUsage, error);
     }
-    QFile program(QString::fromStdString(options.program));
-    // The panel itself passes over a file that it can't read.
-    if (!program.open(QIODevice::ReadOnly)) {
-        return fail(kExitUnreadableInput,
-                    options.program + ": " + program.errorString().toStdString());
+    const kxfiles::FileDescriptor program = openProgram(options.program, &error);
+    if (!program) {
+        return sayFailure(kExitUnreadableInput, options.program + ": " + error);
     }
-    program.close();
     OffscreenHost host;
-    std::string error;
     const std::string addin = findAddinFile(options.addin, &error);
     if (addin.empty() || !host.loadAddin(addin, &error)) {
-        return fail(kExitUnreadableInput, "the add-in can't be loaded: " + error);
+        return sayFailure(kExitUnreadableInput, "the add-in can't be loaded: " + error);
     }
     if (!showView(host.pane(), &error)) {
-        return fail(kExitUnwritableOutput, error);
+        return sayFailure(kExitUnwritableOutput, error);
     }
     PanelDriver panel(host.pane());
-    if (!panel.open(program.fileName())) {
-        return fail(kExitUnreadableInput, "the add-in's panel has no " + panel.missingControl());
+    if (!panel.open(nameOf(program))) {
+        return sayFailure(kExitUnreadableInput,
+                          "the add-in's panel has no " + panel.missingControl());
     }
     for (const std::string& line : host.printedLines()) {
-        std::cerr << line << "\n";
+        sayLine(line);
     }
     if (!writeViewPicture(host.pane(), options.preview, &error)) {
-        return fail(kExitUnwritableOutput, error);
+        return sayFailure(kExitUnwritableOutput, error);
     }
     if (!options.quiet) {
-        std::cerr << "Written: " << options.preview << "\n";
+        sayLine("Written: " + options.preview);
     }
     return kExitWritten;
 }

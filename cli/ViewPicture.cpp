@@ -78,12 +78,17 @@ bool hasDisplay(std::string* error) {
     const bool reachable = !display.startsWith(':') || isLocalDisplayOpen(display);
     const bool any = !display.isEmpty() || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
     if (!any || !reachable) {
-        *error = "a preview needs a display and there is none" +
-                 (any ? " at " + display.toStdString() : std::string()) +
-                 "; run it as: xvfb-run -a kxgcode ...";
+        *error = noDisplayText();
         return false;
     }
     return true;
+}
+
+std::string noDisplayText() {
+    const QByteArray display = qgetenv("DISPLAY");
+    return "a preview needs a display and there is none" +
+           (display.isEmpty() ? std::string() : " at " + display.toStdString()) +
+           "; run it as: xvfb-run -a kxgcode ...";
 }
 
 bool showView(QWidget* pane, std::string* error) {

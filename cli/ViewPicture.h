@@ -9,6 +9,9 @@ class QWidget;
 /// Whether there is a display to draw on; otherwise `error` says so and names what helps.
 bool hasDisplay(std::string* error);
 
+/// The cause, for the user.
+std::string noDisplayText();
+
 /// Shows the add-in's pane with the view in sight, so that the view can draw. False, with the
 /// cause in `error`, when the pane has no view or the view no OpenGL.
 bool showView(QWidget* pane, std::string* error);

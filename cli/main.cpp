@@ -3,21 +3,29 @@
 #include <fcntl.h>
 #include <QApplication>
 #include <QSettings>
-#include <QTemporaryDir>
-#include <cstdio>
+#include <cstdlib>
+#include <string>
 
 #include "ExitCode.h"
 #include "GenerateCommand.h"
+#include "Message.h"
 #include "Options.h"
 #include "ViewCommand.h"
 #include "ViewPicture.h"
 
 namespace {
 
-/// What the toolkit has to remark about its own workings is nothing for the user of a command.
+/// What to say when the toolkit can't start; empty once it has.
+std::string g_startFailure;
+
+/// What the toolkit has to remark about its own workings is nothing for the user of a command. It
+/// would end the program by a crash where it can't start, as at a display that lets nobody in.
 void showErrorsOnly(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+    if (type == QtFatalMsg && !g_startFailure.empty()) {
+        std::_Exit(sayFailure(kExitUnwritableOutput, g_startFailure));
+    }
     if (type == QtCriticalMsg || type == QtFatalMsg) {
-        std::fprintf(stderr, "kxgcode: %s\n", qUtf8Printable(text));
+        sayFailure(kExitUnwritableOutput, text.toStdString());
     }
 }
 
@@ -32,7 +40,8 @@ void occupyStandardStreams() {
 }
 
 /// Prepares the toolkit for running without a user.
-void prepareToolkit(bool needsDisplay, const QString& settingsFolder) {
+void prepareToolkit(bool needsDisplay) {
+    g_startFailure = needsDisplay ? noDisplayText() : "the toolkit has no plug-in offscreen";
     qInstallMessageHandler(showErrorsOnly);
     if (!needsDisplay) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -40,8 +49,10 @@ void prepareToolkit(bool needsDisplay, const QString& settingsFolder) {
         qunsetenv("DISPLAY");
     }
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    // The dialogs that are driven here must not leave traces in the user's settings.
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settingsFolder);
+    // The dialogs that are driven here must not leave traces in the user's settings: below a device
+    // nothing can be made.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                       QString::fromLatin1("/dev/null"));
 }
 
 /// Runs a command with its options in an application of its own.
@@ -53,13 +64,12 @@ int run(const Parsed<Wanted>& parsed, int (*command)(const Wanted&), char** argv
     const bool needsDisplay = !parsed.options.preview.empty();
     std::string error;
     if (needsDisplay && !hasDisplay(&error)) {
-        std::fprintf(stderr, "kxgcode: %s\n", error.c_str());
-        return kExitUnwritableOutput;
+        return sayFailure(kExitUnwritableOutput, error);
     }
-    const QTemporaryDir settings;
-    prepareToolkit(needsDisplay, settings.path());
+    prepareToolkit(needsDisplay);
     int count = 1;
     const QApplication application(count, argv);
+    g_startFailure.clear();
     return command(parsed.options);
 }
 

@@ -85,7 +85,7 @@ bool DxfScanner::readLine(std::string* line, const char* expected) {
         case LineReader::Status::Line:
             return true;
         case LineReader::Status::ReadError:
-            return fail(0, "cannot be read", "a DXF file");
+            return fail(0, m_lines.problem(), "a DXF file");
         case LineReader::Status::ZeroByte:
             return fail(m_lines.lineNumber(), "not a DXF file: a zero byte", expected);
         case LineReader::Status::TooLong:

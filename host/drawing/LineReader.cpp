@@ -2,47 +2,27 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawing/LineReader.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
-#include <filesystem>
-#include <system_error>
+
+#include "files/InputFile.h"
 
 namespace kxdrawing {
 
-namespace {
-
-std::string fileProblem(const std::string& path) {
-    std::error_code code;
-    const std::filesystem::file_status status = std::filesystem::status(path, code);
-    if (status.type() == std::filesystem::file_type::not_found) {
-        return "no such file";
-    }
-    if (code) {
-        return "cannot be opened: " + code.message();
-    }
-    if (std::filesystem::is_directory(status)) {
-        return "a directory";
-    }
-    return std::filesystem::is_regular_file(status) ? "" : "not a regular file";
-}
-
-}  // namespace
-
 bool LineReader::open(const std::string& path, DxfDiagnostic* error) {
-    *error = {path, 0, fileProblem(path), "a DXF file"};
-    if (!error->found.empty()) {
+    *error = {path, 0, "", "a DXF file"};
+    kxfiles::FileDescriptor file = kxfiles::openInput(path, &error->found);
+    if (!file) {
         return false;
     }
-    m_file.reset(std::fopen(path.c_str(), "rb"));
-    if (!m_file) {
-        error->found = "cannot be opened: " + std::generic_category().message(errno);
-        return false;
-    }
-    std::error_code unknownSize;
-    m_fileSize = std::filesystem::file_size(path, unknownSize);
-    if (!refill()) {
-        error->found = m_failed ? "cannot be read" : "an empty file";
+    struct stat status {};
+    m_fileSize =
+        ::fstat(file.handle(), &status) == 0 ? static_cast<std::uintmax_t>(status.st_size) : 0;
+    m_file.reset(::fdopen(file.release(), "rb"));
+    if (!m_file || !refill()) {
+        error->found = m_failed ? problem() : "an empty file";
         return false;
     }
     dropByteOrderMark();
@@ -61,6 +41,7 @@ bool LineReader::refill() {
     m_size = std::fread(m_buffer.data(), 1, m_buffer.size(), m_file.get());
     m_bytesRead += m_size;
     m_failed = m_size == 0 && std::ferror(m_file.get()) != 0;
+    m_problem = m_failed ? kxfiles::lastCause() : std::string();
     return m_size > 0;
 }
 

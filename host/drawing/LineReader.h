@@ -22,6 +22,8 @@ public:
     bool open(const std::string& path, DxfDiagnostic* error);
     /// Reads the next line; `line` is changed only by a line.
     Status next(std::string* line);
+    /// Why the file can't be read, after a read error.
+    std::string problem() const { return "cannot be read: " + m_problem; }
     /// The number of the line read last, from 1.
     long lineNumber() const { return m_lineNumber; }
     /// What part of the file went through the buffer, 0 to 1.
@@ -44,6 +46,7 @@ private:
     std::uintmax_t m_bytesRead = 0;
     std::uintmax_t m_fileSize = 0;
     long m_lineNumber = 0;
+    std::string m_problem;
     bool m_failed = false;
 };
 

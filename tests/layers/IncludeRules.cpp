@@ -31,15 +31,16 @@ const std::map<std::string, Names>& allowedOfLayer() {
         {"addin",
          {"std", "system", "qt", "qtvalue", "opengl", "kxLibrary", "kxObjectType", "kxInterface",
           "gcode_core", "gcode_preview", "addin"}},
+        {"kxfiles", {"std", "system", "kxfiles"}},
         {"kxdrawing",
          {"std", "system", "dxflib", "kxLibrary", "kxObjectType", "kxInterface", "kxHost",
-          "kxdrawing"}},
+          "kxfiles", "kxdrawing"}},
         {"kxhost",
          {"std", "system", "qt", "qtvalue", "boost", "kxLibrary", "kxObjectType", "kxInterface",
-          "kxHost", "kxdrawing", "gcode_check", "kxhost"}},
+          "kxHost", "kxfiles", "kxdrawing", "gcode_check", "kxhost"}},
         {"kxgcode",
          {"std", "system", "qt", "qtvalue", "cli11", "kxLibrary", "kxObjectType", "kxInterface",
-          "kxHost", "kxdrawing", "gcode_check", "kxgcode"}},
+          "kxHost", "kxfiles", "kxdrawing", "gcode_check", "kxgcode"}},
         {"examples", {"std", "kxLibrary", "kxObjectType", "kxInterface", "examples"}},
     };
     return table;
@@ -110,6 +111,9 @@ std::string layerOfFile(const fs::path& path, const PlainLibraries& libraries) {
     }
     if (startsWith(text, "addin/")) {
         return libraries.layerOfAddinFile(path);
+    }
+    if (startsWith(text, "host/files/")) {
+        return "kxfiles";
     }
     if (startsWith(text, "host/")) {
         return startsWith(text, "host/drawing/") ? "kxdrawing" : "kxhost";

@@ -22,9 +22,10 @@ TEST(SourceTree, noIncludePointsTheWrongWay) {
 
 TEST(SourceTree, everyLayerWasRead) {
     const auto files = checkIncludes(KX_SOURCE_DIR).filesOfLayer;
-    for (const char* layer : {"kxLibrary headers", "kxLibrary", "kxInterface headers",
-                              "kxHost headers", "kxInterface", "gcode_core", "gcode_preview",
-                              "addin", "kxdrawing", "gcode_check", "kxgcode", "examples"}) {
+    for (const char* layer :
+         {"kxLibrary headers", "kxLibrary", "kxInterface headers", "kxHost headers", "kxInterface",
+          "gcode_core", "gcode_preview", "addin", "kxfiles", "kxdrawing", "gcode_check", "kxgcode",
+          "examples"}) {
         EXPECT_TRUE(files.count(layer) != 0) << "no file of " << layer;
     }
 }

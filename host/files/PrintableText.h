@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kxfiles {
+
+/// A text on one line, safe for a terminal: control characters (a line feed in a file's name, an
+/// escape sequence) and bytes that are not UTF-8 are written as "\n", "\t", "\r" or "\x1b". All
+/// else, backslashes included, stays; so what is printable already is not changed.
+std::string printable(std::string_view text);
+
+}  // namespace kxfiles
