@@ -5,8 +5,9 @@
 #include <QFile>
 #include <QString>
 
-/// A log file in the platform's directory for temporary files. A file that can't be opened is
-/// ignored: what is written then goes nowhere.
+/// A log file in the platform's directory for temporary files, for its owner only. A file that
+/// can't be opened is ignored: what is written then goes nowhere. So is what somebody else may have
+/// put there under its name: a link, a second name of a file, another's file, a device.
 class Logger {
 public:
     /// Opens "kxaec.log" for appending.
