@@ -4,7 +4,9 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <random>
+#include <system_error>
 
 #include <kx/host/kxAddinLoader.h>
 #include <kx/kxAddin.h>
@@ -27,6 +29,12 @@ std::string makeGuid() {
     return text;
 }
 
+/// Always a path: a bare name would be looked for in the system's folders, and an empty one be
+/// taken for the program itself.
+std::string asPath(const std::string& path) {
+    return path.find('/') == std::string::npos ? "./" + path : path;
+}
+
 template <class Function>
 Function* findFunction(void* library, const char* name) {
     return reinterpret_cast<Function*>(dlsym(library, name));
@@ -41,7 +49,14 @@ kxLoadedAddin::~kxLoadedAddin() {
 bool kxLoadedAddin::Load(const std::string& path, kxApplication_c* application,
                          std::string* error) {
     Unload();
-    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    // A named pipe would be waited for.
+    std::error_code ignored;
+    if (std::filesystem::exists(path, ignored) &&
+        !std::filesystem::is_regular_file(path, ignored)) {
+        *error = path + ": not a regular file";
+        return false;
+    }
+    void* library = dlopen(asPath(path).c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) {
         *error = lastLoaderError();
         return false;

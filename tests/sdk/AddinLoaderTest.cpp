@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <kx/host/kxAddinLoader.h>
 #include <kx/host/kxHostApplication.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -73,6 +75,32 @@ TEST_F(AddinLoaderTest, theDestructorDisconnects) {
 
 TEST_F(AddinLoaderTest, aMissingFileIsNamed) {
     expectNotLoaded("/nowhere/libMissing.so.1", "/nowhere/libMissing.so.1");
+}
+
+TEST_F(AddinLoaderTest, aBareNameIsAFileOfTheCurrentFolder) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    const std::filesystem::path library(KX_RECORDING_ADDIN);
+    std::filesystem::current_path(library.parent_path());
+    const bool loaded = load(library.filename().string());
+    std::filesystem::current_path(before);
+    EXPECT_TRUE(loaded) << m_error;
+}
+
+TEST_F(AddinLoaderTest, theFoldersOfTheSystemAreNotSearched) {
+    expectNotLoaded("libc.so.6", "./libc.so.6: cannot open shared object file");
+}
+
+TEST_F(AddinLoaderTest, anEmptyPathIsNotTheProgramItself) {
+    expectNotLoaded("", "./");
+}
+
+TEST_F(AddinLoaderTest, aNamedPipeIsNotWaitedFor) {
+    const auto path = std::filesystem::temp_directory_path() /
+                      ("kxsdk_test_pipe" + std::to_string(getpid()) + ".so");
+    std::filesystem::remove(path);
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    expectNotLoaded(path.string(), "not a regular file");
+    std::filesystem::remove(path);
 }
 
 TEST_F(AddinLoaderTest, aFileThatIsNoLibraryIsNamed) {

@@ -17,8 +17,9 @@ public:
     /// Disconnects and unloads.
     ~kxLoadedAddin();
 
-    /// Loads the library at `path`, gives it a fresh identifier and connects it. False, with the
-    /// cause in `error`, when the file cannot be loaded, lacks an entry point or refuses.
+    /// Loads the library at `path`, gives it a fresh identifier and connects it. A name without a
+    /// folder is a file of the current one: the system's library folders are not searched. False,
+    /// with the cause in `error`, when the file cannot be loaded, lacks an entry point or refuses.
     bool Load(const std::string& path, kxApplication_c* application, std::string* error);
     bool IsLoaded() const noexcept { return m_library != nullptr; }
     /// Disconnects and unloads; the application must still live. A second call does nothing.
