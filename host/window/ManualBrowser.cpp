@@ -5,6 +5,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QStyle>
 
 ManualBrowser::ManualBrowser(const QString& folder, QWidget* parent)
     : QTextBrowser(parent), m_folder(QFileInfo(folder).canonicalFilePath()) {
@@ -34,21 +35,34 @@ QString ManualBrowser::fileOf(const QUrl& address) const {
 }
 
 QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
-    const QString path = fileOf(source().resolved(name));
-    if (!path.isEmpty()) {
-        QFile file(path);
-        if (file.open(QIODevice::ReadOnly)) {
-            // Pages are UTF-8, whatever they say or the locale is.
-            const QByteArray bytes = file.readAll();
-            return type == QTextDocument::HtmlResource || type == QTextDocument::StyleSheetResource
-                       ? QVariant(QString::fromUtf8(bytes))
-                       : QVariant(bytes);
-        }
+    const std::optional<QByteArray> bytes = readOwn(name);
+    switch (type) {
+        case QTextDocument::ImageResource:
+            return imageOf(bytes.value_or(QByteArray()));
+        case QTextDocument::StyleSheetResource:
+            // Pages and styles are UTF-8, whatever they say or the locale is.
+            return QString::fromUtf8(bytes.value_or(""));
+        default:
+            return bytes ? QString::fromUtf8(*bytes) : pageNotFound(name.fileName());
     }
-    if (type != QTextDocument::HtmlResource) {
-        return {};
+}
+
+std::optional<QByteArray> ManualBrowser::readOwn(const QUrl& name) const {
+    QFile file(fileOf(source().resolved(name)));
+    if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly)) {
+        return std::nullopt;
     }
+    return file.readAll();
+}
+
+QPixmap ManualBrowser::imageOf(const QByteArray& bytes) const {
+    QPixmap image;
+    image.loadFromData(bytes);
+    return image.isNull() ? style()->standardPixmap(QStyle::SP_FileIcon) : image;
+}
+
+QString ManualBrowser::pageNotFound(const QString& page) {
     return tr("<html><head><title>Page not found</title></head><body><h2>Page not found</h2>"
               "<p>The manual has no page <b>%1</b>.</p></body></html>")
-        .arg(name.fileName().toHtmlEscaped());
+        .arg(page.toHtmlEscaped());
 }

@@ -3,12 +3,14 @@
 #include "window/HelpWindow.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -16,6 +18,7 @@
 #include <QTextBrowser>
 #include <QUrl>
 
+#include "FileOpens.h"
 #include "Waiting.h"
 #include "WebBrowser.h"
 
@@ -162,6 +165,116 @@ TEST_F(HelpWindowTest, A_link_to_the_web_goes_to_the_browser) {
 TEST_F(HelpWindowTest, Links_of_other_kinds_start_nothing) {
     clickLink("javascript:alert(1)");
     EXPECT_EQ(title(), "Page not found");
+}
+
+/// Shows a page with something that names a file beside the manual, in several ways.
+class HelpWindowOutsideTest : public HelpWindowTest {
+protected:
+    void SetUp() override {
+        HelpWindowTest::SetUp();
+        QImage red(8, 8, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        QDir(folder.path()).mkdir("outside");
+        ASSERT_TRUE(red.save(folder.filePath("outside/red.png")));
+        ASSERT_TRUE(
+            QFile::copy(folder.filePath("outside/red.png"), folder.filePath("manual/own.png")));
+        write("outside/style.css", "p { background-color: #ff0000; }");
+        write("outside/page.md", "secret");
+        QFile::link(folder.filePath("outside/red.png"), folder.filePath("manual/linked.png"));
+        QFile::link(folder.filePath("outside"), folder.filePath("manual/sub"));
+        QDir::setCurrent(folder.filePath("outside"));
+    }
+    void TearDown() override { QDir::setCurrent("/"); }
+    /// Every way to name a file of the folder beside the manual.
+    QStringList waysTo(const QString& name) const {
+        const QString file = folder.filePath("outside/" + name);
+        return {name,           "../outside/" + name,     file, "file://" + file, "sub/" + name,
+                "file:" + name, "FILE://localhost" + file};
+    }
+    void showHtml(const QString& html) {
+        write("manual/hostile.html", "<title>Hostile</title>" + html);
+        show("hostile.html");
+        page->grab();
+    }
+    bool isRedShown() const {
+        const QImage shown = page->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x) {
+                if (shown.pixel(x, y) == qRgb(255, 0, 0)) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+};
+
+TEST_F(HelpWindowOutsideTest, Images_of_the_folder_are_shown) {
+    showHtml("<img src=\"own.png\">");
+    EXPECT_TRUE(isRedShown());
+}
+
+TEST_F(HelpWindowOutsideTest, Images_outside_of_the_folder_are_not_opened) {
+    const FileOpens opens(folder.filePath("outside"));
+    QStringList ways = waysTo("red.png");
+    ways << "linked.png";
+    for (const QString& way : qAsConst(ways)) {
+        showHtml("<img src=\"" + way + "\"><p style=\"background-image: url(" + way + ")\">x</p>");
+        EXPECT_EQ(opens.take(), QStringList()) << way.toStdString();
+        EXPECT_FALSE(isRedShown()) << way.toStdString();
+    }
+}
+
+TEST_F(HelpWindowOutsideTest, Styles_of_the_folder_are_used) {
+    write("manual/own.css", "p { background-color: #ff0000; }");
+    showHtml("<link rel=\"stylesheet\" href=\"own.css\"><p>text</p>");
+    EXPECT_TRUE(isRedShown());
+}
+
+TEST_F(HelpWindowOutsideTest, Styles_outside_of_the_folder_are_not_opened) {
+    const FileOpens opens(folder.filePath("outside"));
+    for (const QString& way : waysTo("style.css")) {
+        write("manual/importing.css", "@import url(\"" + way + "\");\n@import \"" + way + "\";");
+        showHtml("<link rel=\"stylesheet\" href=\"" + way +
+                 "\"><link rel=\"stylesheet\" href=\"importing.css\"><p>text</p>");
+        EXPECT_EQ(opens.take(), QStringList()) << way.toStdString();
+        EXPECT_FALSE(isRedShown()) << way.toStdString();
+    }
+}
+
+TEST_F(HelpWindowOutsideTest, Pages_of_other_kinds_outside_of_the_folder_are_not_opened) {
+    const FileOpens opens(folder.filePath("outside"));
+    for (const QString& way : waysTo("page.md")) {
+        clickLink(way);
+        EXPECT_EQ(opens.take(), QStringList()) << way.toStdString();
+        EXPECT_EQ(text().find("secret"), std::string::npos) << way.toStdString();
+        EXPECT_NE(text().find("Page not found"), std::string::npos) << way.toStdString();
+    }
+}
+
+TEST_F(HelpWindowOutsideTest, Queues_and_devices_in_the_folder_are_not_waited_for) {
+    ASSERT_EQ(mkfifo(QFile::encodeName(folder.filePath("manual/queue.html")).constData(), 0600), 0);
+    QFile::link("/dev/zero", folder.filePath("manual/zero.html"));
+    for (const char* name : {"queue.html", "zero.html"}) {
+        showHtml(QString("<img src=\"%1\"><link rel=\"stylesheet\" href=\"%1\">").arg(name));
+        help->showPage(name);
+        EXPECT_EQ(title(), "Page not found") << name;
+    }
+}
+
+TEST_F(HelpWindowTest, Scripts_frames_and_forms_of_a_page_do_nothing) {
+    WebBrowser browser;
+    write("manual/active.html",
+          "<title>Active</title><meta http-equiv=\"refresh\" content=\"0;url=https://a.example/\">"
+          "<script>location = 'https://b.example/'</script>"
+          "<iframe src=\"https://c.example/\"></iframe>"
+          "<object data=\"https://d.example/\"></object>"
+          "<img src=\"https://e.example/x.png\"><p onload=\"location = 'https://f.example/'\">x");
+    show("active.html");
+    page->grab();
+    QApplication::processEvents();
+    EXPECT_EQ(title(), "Active");
+    EXPECT_EQ(browser.opened, QStringList());
 }
 
 TEST_F(HelpWindowTest, Text_is_found_forward_and_around_the_end) {
