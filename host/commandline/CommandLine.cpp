@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include "PlainText.h"
 #include "commandline/CommandLog.h"
 #include "commandline/CompletionPopup.h"
 
@@ -117,7 +118,7 @@ QString CommandLine::text() const {
 
 void CommandLine::setPrompt(const QString& prompt) {
     m_prompt->setText(prompt.simplified());
-    m_prompt->setToolTip(prompt.simplified().toHtmlEscaped());
+    m_prompt->setToolTip(plainToolTip(prompt.simplified()));
     m_input->setAccessibleDescription(prompt.simplified());
 }
 

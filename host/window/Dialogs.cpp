@@ -17,8 +17,8 @@ namespace {
 
 void fill(QListWidget* list, const std::vector<ChoiceItem>& items) {
     for (const ChoiceItem& item : items) {
-        auto* row =
-            new QListWidgetItem(QObject::tr("%1 (%2)").arg(item.name).arg(item.count), list);
+        auto* row = new QListWidgetItem(
+            QObject::tr("%1 (%2)").arg(item.name, QString::number(item.count)), list);
         row->setData(Qt::UserRole, item.name);
         row->setFlags(row->flags() | Qt::ItemIsUserCheckable);
         row->setCheckState(Qt::Unchecked);

@@ -10,6 +10,7 @@
 #include <QTabWidget>
 
 #include "KxText.h"
+#include "PlainText.h"
 #include "drawing/DxfReader.h"
 #include "window/DrawingTab.h"
 #include "window/HostSession.h"
@@ -123,7 +124,7 @@ void Drawings::addTab(DrawingTab* tab) {
     Q_EMIT added(tab);
     // A mnemonic in a tab would take a key from the menus.
     const int index = m_parts.tabs->addTab(tab, QString(tab->name()).replace("&", "&&"));
-    m_parts.tabs->setTabToolTip(index, QDir::toNativeSeparators(tab->path()));
+    m_parts.tabs->setTabToolTip(index, plainToolTip(QDir::toNativeSeparators(tab->path())));
     m_parts.tabs->setCurrentIndex(index);
     tab->setFocus();
 }

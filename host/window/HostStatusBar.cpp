@@ -28,6 +28,9 @@ HostStatusBar::HostStatusBar(QWidget* parent)
     m_coordinates->setObjectName("statusCoordinates");
     m_coordinates->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_coordinates->setMinimumWidth(kCoordinatesWidth);
+    // What a prompt says may hold names of a drawing.
+    m_hint->setTextFormat(Qt::PlainText);
+    m_selection->setTextFormat(Qt::PlainText);
     m_unit->setToolTip(tr("The drawing's unit"));
     m_unit->setPopupMode(QToolButton::InstantPopup);
     m_unit->setAutoRaise(true);

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "KxText.h"
+#include "PlainText.h"
 #include "window/DrawingTab.h"
 
 namespace {
@@ -88,7 +89,7 @@ void LayersDock::refresh() {
             const QString name = toQString(layer.name);
             auto* item = new QTreeWidgetItem(m_table, {name, QString::number(counts[layer.name])});
             item->setCheckState(kNameColumn, layer.visible ? Qt::Checked : Qt::Unchecked);
-            item->setToolTip(kNameColumn, name);
+            item->setToolTip(kNameColumn, plainToolTip(name));
             item->setTextAlignment(kCountColumn, Qt::AlignRight | Qt::AlignVCenter);
         }
         m_table->setCurrentItem(m_table->topLevelItem(currentRow));

@@ -63,6 +63,11 @@ QStringList drawingsIn(const QMimeData& data) {
     return files;
 }
 
+/// The name as a window's title takes it, where "[*]" would be left out and "[*][*]" stands for it.
+QString titleOf(const DrawingTab& tab) {
+    return tab.name().replace("[*]", "[*][*]");
+}
+
 }  // namespace
 
 MainWindow::MainWindow() : m_settings(HostSettings::load()) {
@@ -249,7 +254,7 @@ void MainWindow::showTab(DrawingTab* tab) {
     m_layers->setTab(tab);
     m_statusBar->clearCursor();
     m_statusBar->setHint(QString());
-    setWindowTitle(tab != nullptr ? tr("%1 - kxhost").arg(tab->name()) : tr("kxhost"));
+    setWindowTitle(tab != nullptr ? tr("%1 - kxhost").arg(titleOf(*tab)) : tr("kxhost"));
     tabChanged(tab);
     selectionChanged(tab);
     m_toolsMenu->rebuild(tab != nullptr);

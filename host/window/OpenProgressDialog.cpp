@@ -10,6 +10,8 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 
+#include "PlainText.h"
+
 namespace {
 
 constexpr int kWidth = 380;
@@ -27,7 +29,7 @@ OpenProgressDialog::OpenProgressDialog(const QString& path, QWidget* parent)
     label->setTextFormat(Qt::PlainText);
     label->setText(fontMetrics().elidedText(tr("Reading %1").arg(name), Qt::ElideMiddle,
                                             kWidth - 2 * fontMetrics().height()));
-    label->setToolTip(path);
+    label->setToolTip(plainToolTip(path));
     m_bar->setRange(0, 100);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -12,6 +12,7 @@
 #include <QSet>
 
 #include "KxText.h"
+#include "PlainText.h"
 #include "window/HostActions.h"
 
 namespace {
@@ -140,7 +141,7 @@ void ToolsMenu::addCommand(QMenu* menu, const kxMenuItem_c& item) {
     QAction* action = menu->addAction(iconOf(data), toQString(item.get_Name()));
     const QString macro = toQString(data.macro);
     action->setStatusTip(toQString(data.description));
-    action->setToolTip(toQString(data.description));
+    action->setToolTip(plainToolTip(toQString(data.description)));
     action->setEnabled(static_cast<bool>(command));
     connect(action, &QAction::triggered, this, [this, macro] { m_runMacro(macro); });
 }

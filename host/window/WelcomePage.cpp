@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "PlainText.h"
 #include "window/RecentFiles.h"
 
 namespace {
@@ -64,7 +65,7 @@ void WelcomePage::refresh() {
     for (const QString& path : m_recent->files()) {
         auto* item = new QListWidgetItem(QFileInfo(path).fileName(), m_list);
         item->setData(Qt::UserRole, path);
-        item->setToolTip(QDir::toNativeSeparators(path));
+        item->setToolTip(plainToolTip(QDir::toNativeSeparators(path)));
     }
     m_recentBox->setVisible(m_list->count() != 0);
 }
