@@ -34,7 +34,7 @@ const std::map<std::string, Names>& allowedOfLayer() {
         {"kxfiles", {"std", "system", "kxfiles"}},
         {"kxdrawing",
          {"std", "system", "dxflib", "kxLibrary", "kxObjectType", "kxInterface", "kxHost",
-          "kxfiles", "kxdrawing"}},
+          "kxfiles", "gcode_check", "kxdrawing"}},
         {"kxhost",
          {"std", "system", "qt", "qtvalue", "boost", "kxLibrary", "kxObjectType", "kxInterface",
           "kxHost", "kxfiles", "kxdrawing", "gcode_check", "kxhost"}},
