@@ -13,7 +13,7 @@ namespace gcode_check {
 struct Tool {
     std::int32_t number = 0;
     std::int32_t pocket = 0;
-    double lengthMm = 0;  // along Z
+    Point offset;  // millimetres; its length along z
     double diameterMm = 0;
 };
 

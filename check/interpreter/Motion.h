@@ -20,7 +20,7 @@ inline bool operator!=(const Point& a, const Point& b) {
     return !(a == b);
 }
 
-// Degrees.
+// Degrees, program coordinates.
 struct RotaryAxes {
     double a = 0;
     double b = 0;
@@ -58,14 +58,15 @@ enum class Stroke : std::uint8_t {
 struct Motion {
     std::uint32_t line = 0;  // of the program, from 1
     MotionKind kind = MotionKind::Rapid;
-    Plane plane = Plane::XY;  // of an arc
+    Plane plane = Plane::XY;  // of an arc or a cycle, in program coordinates
     FeedMode feedMode = FeedMode::PerMinute;
     Spindle spindle = Spindle::Off;  // while it goes on; of a Spindle step: from then on
     Stroke stroke = Stroke::None;
     std::uint8_t cycle = 0;    // 73, 81, 82, 83, 85, 86, 89; 0: not part of a cycle
     std::uint8_t coolant = 0;  // bit 0: mist (M7), bit 1: flood (M8)
-    std::int32_t turns = 0;    // of an arc: 1 up to a full turn counter-clockwise,
-                               // -1 clockwise; 2: a full turn more, and so on
+    // Of an arc, seen from the positive end of the plane's third axis: 1 is up to a full turn
+    // counter-clockwise, -1 clockwise, 2 a full turn more than 1, and so on.
+    std::int32_t turns = 0;
     std::uint32_t frame = 0;   // Reading::frames, for programToMachine and back
     std::int32_t rotary = -1;  // Reading::rotaryAxes at the end; -1: all are at 0
     std::int32_t tool = 0;     // number of the tool in the spindle

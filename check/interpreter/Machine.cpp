@@ -1,0 +1,313 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+// The order in which a line's words come into force, and the modes that move nothing.
+#include "interpreter/Machine.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "interpreter/BlockRules.h"
+#include "interpreter/Units.h"
+
+namespace gcode_check {
+namespace {
+
+constexpr std::uint8_t kMist = 1;
+constexpr std::uint8_t kFlood = 2;
+
+}  // namespace
+
+Machine::Machine(const MachineOptions& options, Reading& reading)
+    : m_options(options), m_reading(reading), m_machine(options.start) {
+    m_isInches = options.startsInInches;
+    m_mmPerUnit = m_isInches ? kMmPerInch : 1;
+    for (std::size_t i = 0; i < m_origins.size(); ++i) {
+        m_origins[i] = axesOf(options.systems[i], m_mmPerUnit);
+    }
+    m_home28 = axesOf(options.home28, m_mmPerUnit);
+    m_home30 = axesOf(options.home30, m_mmPerUnit);
+    enterFrame();
+    m_position = toProgramAxes(axesOf(options.start, m_mmPerUnit));
+}
+
+bool Machine::execute(const Block& block, Fault& fault) {
+    m_line = block.line;
+    if (!checkBlock(block, m_mode, fault)) {
+        return false;
+    }
+    if (block.hasAnyCode() || block.hasAny(Block::bit('F') | Block::bit('S') | Block::bit('T'))) {
+        setFeedMode(block);
+        setFeedAndSpeed(block);
+        if (!selectTool(block, fault) || !changeTool(block, fault)) {
+            return false;
+        }
+        setSpindle(block);
+        setCoolant(block);
+        dwell(block);
+        if (block.hasG(GGroup::Plane)) {
+            m_plane = static_cast<Plane>(block.g(GGroup::Plane) / 10 - 17);
+        }
+        setUnit(block);
+        if (!setToolLength(block, fault)) {
+            return false;
+        }
+        setSystem(block);
+        setDistances(block);
+        if (!oneShot(block, fault)) {
+            return false;
+        }
+    }
+    return move(block, fault) && stop(block, fault);
+}
+
+void Machine::end(std::uint32_t line) {
+    m_line = line;
+    m_hasEnded = true;
+    m_reading.endLine = line;
+    m_reading.motions.push_back(step(MotionKind::ProgramEnd));
+}
+
+// A new mode has no feed: the number before meant something else. G94 beside G94 loses it, too.
+void Machine::setFeedMode(const Block& block) {
+    switch (block.g(GGroup::FeedMode)) {
+        case 930:
+            m_feedMode = FeedMode::InverseTime;
+            break;
+        case 940:
+            m_feedMode = FeedMode::PerMinute;
+            m_feed = 0;
+            break;
+        case 950:
+            m_feedMode = FeedMode::PerRevolution;
+            m_feed = 0;
+            break;
+        default:
+            break;
+    }
+}
+
+// The feed is in the unit before the line: a unit word comes into force after F.
+void Machine::setFeedAndSpeed(const Block& block) {
+    if (block.has('F')) {
+        m_feed = block.value('F') * (m_feedMode == FeedMode::InverseTime ? 1 : m_mmPerUnit);
+    }
+    if (block.has('S')) {
+        m_speed = block.value('S');
+        pushSpindle(m_spindle);
+    }
+}
+
+const Tool* Machine::findTool(std::int32_t number) const {
+    const auto found = std::find_if(m_options.tools.begin(), m_options.tools.end(),
+                                    [number](const Tool& tool) { return tool.number == number; });
+    return found == m_options.tools.end() ? nullptr : &*found;
+}
+
+bool Machine::isTool(const Block& block, char letter, Fault& fault) const {
+    const auto number = static_cast<std::int32_t>(std::lround(block.value(letter)));
+    if (number == 0 || m_options.anyTool || findTool(number) != nullptr) {
+        return true;
+    }
+    return reject(fault, Rule::ToolUnknown, block.column(letter), letter + std::to_string(number),
+                  "a tool of the machine's table");
+}
+
+bool Machine::selectTool(const Block& block, Fault& fault) {
+    if (!block.has('T')) {
+        return true;
+    }
+    m_nextTool = static_cast<std::int32_t>(std::lround(block.value('T')));
+    return isTool(block, 'T', fault);
+}
+
+bool Machine::changeTool(const Block& block, Fault& fault) {
+    const int code = block.m(MGroup::Tool);
+    if (code == 6) {
+        pushSpindle(Spindle::Off);
+        m_tool = m_nextTool;
+        return push(step(MotionKind::ToolChange), fault);
+    }
+    return code != 61 || setTool(block, fault);
+}
+
+bool Machine::setTool(const Block& block, Fault& fault) {
+    if (!block.has('Q') || std::floor(block.value('Q')) != block.value('Q') ||
+        block.value('Q') > kLargestWhole) {
+        return reject(fault, Rule::WordMissing, block.columnOfM(MGroup::Tool), "M61",
+                      "Q with a tool's number");
+    }
+    if (!isTool(block, 'Q', fault)) {
+        return false;
+    }
+    m_tool = static_cast<std::int32_t>(block.value('Q'));
+    return true;
+}
+
+void Machine::setSpindle(const Block& block) {
+    switch (block.m(MGroup::Spindle)) {
+        case 3:
+            pushSpindle(Spindle::Clockwise);
+            break;
+        case 4:
+            pushSpindle(Spindle::CounterClockwise);
+            break;
+        case 5:
+            pushSpindle(Spindle::Off);
+            break;
+        default:
+            break;
+    }
+}
+
+void Machine::pushSpindle(Spindle spindle) {
+    m_spindle = spindle;
+    m_reading.motions.push_back(step(MotionKind::Spindle));
+}
+
+void Machine::setCoolant(const Block& block) {
+    switch (block.m(MGroup::Coolant)) {
+        case 7:
+            m_coolant |= kMist;
+            break;
+        case 8:
+            m_coolant |= kFlood;
+            break;
+        case 9:
+            m_coolant = 0;
+            break;
+        default:
+            return;
+    }
+    m_reading.motions.push_back(step(MotionKind::Coolant));
+}
+
+void Machine::dwell(const Block& block) {
+    if (block.g(GGroup::OneShot) == 40) {
+        pushDwell(block.value('P'));
+    }
+}
+
+void Machine::pushDwell(double seconds) {
+    Motion motion = step(MotionKind::Dwell);
+    motion.seconds = seconds;
+    m_reading.motions.push_back(motion);
+}
+
+void Machine::setUnit(const Block& block) {
+    if (!block.hasG(GGroup::Unit) || (block.g(GGroup::Unit) == 200) == m_isInches) {
+        return;
+    }
+    m_isInches = !m_isInches;
+    m_mmPerUnit = m_isInches ? kMmPerInch : 1;
+    scale(m_isInches ? 1 / kMmPerInch : kMmPerInch);
+    enterFrame();
+}
+
+void Machine::setDistances(const Block& block) {
+    if (block.hasG(GGroup::Path)) {
+        m_pathMode = block.g(GGroup::Path) == 640   ? PathMode::Continuous
+                     : block.g(GGroup::Path) == 610 ? PathMode::ExactPath
+                                                    : PathMode::ExactStop;
+    }
+    if (block.hasG(GGroup::Distance)) {
+        m_isRelative = block.g(GGroup::Distance) == 910;
+    }
+    if (block.hasG(GGroup::ArcDistance)) {
+        m_hasAbsoluteCentres = block.g(GGroup::ArcDistance) == 901;
+    }
+    if (block.hasG(GGroup::Retract)) {
+        m_retractsToR = block.g(GGroup::Retract) == 990;
+    }
+}
+
+bool Machine::stop(const Block& block, Fault& fault) {
+    switch (block.m(MGroup::Stop)) {
+        case 0:
+        case 1:
+        case 60:
+            return push(step(MotionKind::Stop), fault);
+        case 2:
+        case 30:
+            end(block.line);
+            resetModes();
+            return true;
+        default:
+            return true;
+    }
+}
+
+// What M2 and M30 leave behind.
+void Machine::resetModes() {
+    m_spindle = Spindle::Off;
+    m_coolant = 0;
+    m_mode = 10;
+    m_plane = Plane::XY;
+    m_isRelative = false;
+    m_feedMode = FeedMode::PerMinute;
+    m_feed = 0;
+    const Axes machine = toMachineAxes(m_position);
+    m_system = 0;
+    m_offset92 = {};
+    m_is92On = false;
+    enterFrame();
+    m_position = toProgramAxes(machine);
+}
+
+Motion Machine::step(MotionKind kind) const {
+    Motion motion;
+    motion.line = m_line;
+    motion.kind = kind;
+    motion.plane = m_plane;
+    motion.feedMode = m_feedMode;
+    motion.spindle = m_spindle;
+    motion.coolant = m_coolant;
+    motion.frame = static_cast<std::uint32_t>(m_reading.frames.size() - 1);
+    motion.rotary = m_rotary;
+    motion.tool = m_tool;
+    motion.from = m_machine;
+    motion.to = m_machine;
+    motion.feed = m_feed;
+    motion.spindleSpeed = m_speed;
+    return motion;
+}
+
+bool Machine::push(const Motion& motion, Fault& fault) {
+    const std::size_t most =
+        m_options.motionsBesides + std::size_t{m_options.motionsPerLine} * m_line;
+    if (m_reading.motions.size() >= most) {
+        return reject(fault, Rule::TooManyMotions, 1,
+                      "more than " + std::to_string(most) + " steps up to here", "fewer steps");
+    }
+    m_reading.motions.push_back(motion);
+    return true;
+}
+
+void Machine::finish() {
+    MachineState& state = m_reading.state;
+    state.position = m_machine;
+    state.rotary = {m_position[3], m_position[4], m_position[5]};
+    state.inches = m_isInches;
+    state.relative = m_isRelative;
+    state.arcCentresAbsolute = m_hasAbsoluteCentres;
+    state.retractToR = m_retractsToR;
+    state.plane = m_plane;
+    state.feedMode = m_feedMode;
+    state.pathMode = m_pathMode;
+    state.spindle = m_spindle;
+    state.coolant = m_coolant;
+    state.system = static_cast<std::uint8_t>(m_system + 1);
+    state.motionMode = static_cast<std::int16_t>(m_mode);
+    state.feed = m_feed;
+    state.spindleSpeed = m_speed;
+    state.tool = m_tool;
+    state.nextTool = m_nextTool;
+    for (std::size_t i = 0; i < m_origins.size(); ++i) {
+        state.systems[i] = pointOf(m_origins[i], m_mmPerUnit);
+    }
+    state.rotationsDeg = m_rotationsDeg;
+    state.offset92 = pointOf(m_offset92, m_mmPerUnit);
+    state.offset92On = m_is92On;
+    state.toolOffset = pointOf(m_toolOffset, m_mmPerUnit);
+}
+
+}  // namespace gcode_check

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+
+#include "interpreter/Block.h"
+#include "interpreter/Reading.h"
+
+namespace gcode_check {
+
+// X, Y, Z, A, B, C in the unit in force (rotary axes in degrees).
+using Axes = std::array<double, 6>;
+
+// Executes blocks one after another, as a controller does, and writes what moves into a reading.
+class Machine {
+public:
+    Machine(const MachineOptions& options, Reading& reading);
+
+    // False: the block is rejected or can't be followed any further; `fault` says why. What it did
+    // before that stands.
+    bool execute(const Block& block, Fault& fault);
+    // The closing percent line.
+    void end(std::uint32_t line);
+    bool hasEnded() const { return m_hasEnded; }
+    // The motion code in force, in tenths.
+    int motionMode() const { return m_mode; }
+    // Writes the modes into the reading.
+    void finish();
+
+private:
+    struct Sticky {
+        double r = 0;
+        double bottom = 0;
+        double dwell = 0;
+        double peck = 0;
+    };
+    struct Cycle;
+
+    // Modes, in the order in which they come into force.
+    void setFeedMode(const Block& block);
+    void setFeedAndSpeed(const Block& block);
+    bool selectTool(const Block& block, Fault& fault);
+    bool changeTool(const Block& block, Fault& fault);
+    bool setTool(const Block& block, Fault& fault);
+    bool isTool(const Block& block, char letter, Fault& fault) const;
+    const Tool* findTool(std::int32_t number) const;
+    void setSpindle(const Block& block);
+    void setCoolant(const Block& block);
+    void dwell(const Block& block);
+    void setUnit(const Block& block);
+    void setDistances(const Block& block);
+    bool stop(const Block& block, Fault& fault);
+    void resetModes();
+
+    // Offsets.
+    void scale(double factor);
+    void useSystem(std::size_t system);
+    void enterFrame();
+    bool setToolLength(const Block& block, Fault& fault);
+    bool addToolOffset(const Block& block, bool isBesides, Fault& fault);
+    void setSystem(const Block& block);
+    bool checkOrigin(const Block& block, Fault& fault) const;
+    bool setOrigin(const Block& block, Fault& fault);
+    void setOriginFromPosition(const Block& block, std::size_t system, const Axes& machine);
+    void offset92(const Block& block);
+    void offset92Off(const Block& block);
+    Axes toProgramAxes(const Axes& machine) const;
+    Axes toMachineAxes(const Axes& program) const;
+    Point machinePoint(const Axes& program) const;
+
+    // Motion.
+    bool oneShot(const Block& block, Fault& fault);
+    bool goHome(const Block& block, const Axes& home, Fault& fault);
+    Axes target(const Block& block) const;
+    bool machineTarget(const Block& block, Axes& result, Fault& fault) const;
+    bool move(const Block& block, Fault& fault);
+    bool straight(const Block& block, int motion, Fault& fault);
+    bool checkFeed(const Block& block, int motion, Fault& fault) const;
+    bool arc(const Block& block, int motion, Fault& fault);
+    bool cycle(const Block& block, int motion, Fault& fault);
+    bool cycleWords(const Block& block, int motion, Fault& fault);
+    bool cycleWord(const Block& block, char letter, bool isSame, double& value, Fault& fault);
+    bool cycleHoles(const Block& block, Cycle& cycle, Fault& fault);
+    bool hole(const Cycle& cycle, Fault& fault);
+    bool holeEnd(const Cycle& cycle, Fault& fault);
+    bool pecks(const Cycle& cycle, Fault& fault);
+    bool strokeTo(const Cycle& cycle, double depth, Stroke stroke, Fault& fault);
+
+    // Steps.
+    Motion step(MotionKind kind) const;
+    bool push(const Motion& motion, Fault& fault);
+    bool pushMove(Motion& motion, const Axes& to, Fault& fault);
+    void pushSpindle(Spindle spindle);
+    void pushDwell(double seconds);
+
+    const MachineOptions& m_options;
+    Reading& m_reading;
+    std::uint32_t m_line = 0;
+    bool m_hasEnded = false;
+
+    Axes m_position{};  // program coordinates
+    Point m_machine;    // the same in machine coordinates, millimetres
+    double m_mmPerUnit = 1;
+    bool m_isInches = false;
+    bool m_isRelative = false;
+    bool m_hasAbsoluteCentres = false;
+    bool m_retractsToR = true;
+    Plane m_plane = Plane::XY;
+    FeedMode m_feedMode = FeedMode::PerMinute;
+    PathMode m_pathMode = PathMode::Continuous;
+    Spindle m_spindle = Spindle::Off;
+    std::uint8_t m_coolant = 0;
+    int m_mode = kStartMode;
+    double m_feed = 0;
+    double m_speed = 0;
+    std::int32_t m_tool = 0;
+    std::int32_t m_nextTool = 0;
+
+    std::size_t m_system = 0;
+    std::array<Axes, 9> m_origins{};
+    std::array<double, 9> m_rotationsDeg{};
+    Axes m_offset92{};
+    Axes m_kept92{};
+    bool m_is92On = false;
+    Axes m_toolOffset{};
+    Axes m_home28{};
+    Axes m_home30{};
+    double m_cosine = 1;
+    double m_sine = 0;
+    bool m_isPlain = true;  // no offset and no rotation is in force
+    std::int32_t m_rotary = -1;
+
+    Sticky m_sticky;
+    double m_initialLevel = 0;
+    bool m_isInCycles = false;
+
+    static constexpr int kStartMode = 800;
+};
+
+}  // namespace gcode_check

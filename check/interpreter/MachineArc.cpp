@@ -1,0 +1,202 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+// G2 and G3.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+#include "interpreter/Machine.h"
+#include "interpreter/Units.h"
+
+namespace gcode_check {
+namespace {
+
+// The radii at both ends of an arc may differ by a thousandth, or by so many units.
+constexpr double kSpiralRelative = 0.001;
+constexpr double kSpiralLeastMm = 0.02828427124746190;
+constexpr double kSpiralLeastInches = 0.002828427124746190;
+constexpr double kSpiralMostOfLeast = 100;
+// So much may the half of the chord be longer than the radius of R.
+constexpr double kChordMm = 0.00127;
+constexpr double kChordInches = 0.00005;
+
+struct PlaneAxes {
+    std::size_t first;
+    std::size_t second;
+    char firstLetter;
+    char secondLetter;
+    char firstOffset;
+    char secondOffset;
+    char foreignOffset;
+};
+
+const PlaneAxes& planeAxes(Plane plane) {
+    static constexpr std::array<PlaneAxes, 3> kAxes = {{
+        {0, 1, 'X', 'Y', 'I', 'J', 'K'},
+        {2, 0, 'Z', 'X', 'K', 'I', 'J'},
+        {1, 2, 'Y', 'Z', 'J', 'K', 'I'},
+    }};
+    return kAxes[static_cast<std::size_t>(plane)];
+}
+
+struct Point2 {
+    double first = 0;
+    double second = 0;
+};
+
+double distance(const Point2& a, const Point2& b) {
+    return std::hypot(a.first - b.first, a.second - b.second);
+}
+
+std::string number(double value) {
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "%.6g", value);
+    // The process's locale may write a comma.
+    std::replace(text.begin(), text.end(), ',', '.');
+    return text.data();
+}
+
+struct ArcWords {
+    const Block& block;
+    const PlaneAxes& axes;
+    Point2 start;
+    Point2 end;
+    bool isInches = false;
+    bool hasAbsoluteCentre = false;
+    bool isClockwise = false;
+
+    std::uint32_t column() const {
+        return block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
+    }
+    const char* code() const { return isClockwise ? "G2" : "G3"; }
+    bool hasOffset() const { return block.has(axes.firstOffset) || block.has(axes.secondOffset); }
+};
+
+bool checkWords(const ArcWords& arc, Fault& fault) {
+    const char foreign = arc.axes.foreignOffset;
+    if (arc.block.has(foreign)) {
+        return reject(fault, Rule::WordWithoutUse, arc.block.column(foreign),
+                      std::string(1, foreign),
+                      std::string("offsets in the plane only: ") + arc.axes.firstOffset + " and " +
+                          arc.axes.secondOffset);
+    }
+    if (arc.block.has('R') && arc.hasOffset()) {
+        return reject(fault, Rule::ArcFormsMixed, arc.block.column('R'), "R beside offsets",
+                      "a radius or a centre");
+    }
+    if (!arc.block.has('R') && !arc.hasOffset()) {
+        return reject(
+            fault, Rule::ArcWithoutCentre, arc.column(), arc.code(),
+            std::string(1, arc.axes.firstOffset) + ", " + arc.axes.secondOffset + " or R");
+    }
+    return true;
+}
+
+bool checkTurns(const Block& block, Fault& fault) {
+    const double turns = block.valueOr('P', 1);
+    if (turns >= 1 && std::abs(turns - std::round(turns)) < 0.001 && turns < kLargestWhole) {
+        return true;
+    }
+    return reject(fault, Rule::NumberOutOfRange, block.column('P'), "P" + number(turns),
+                  "a whole number of turns, 1 or more");
+}
+
+bool checkRadii(const ArcWords& arc, double atStart, double atEnd, Fault& fault) {
+    const double least = arc.isInches ? kSpiralLeastInches : kSpiralLeastMm;
+    const double difference = std::abs(atStart - atEnd);
+    if (!(std::min(atStart, atEnd) >= (arc.isInches ? kChordInches : kChordMm))) {
+        return reject(fault, Rule::ArcRadiusZero, arc.column(),
+                      "radii " + number(atStart) + " and " + number(atEnd),
+                      "a centre away from both ends");
+    }
+    if (difference > kSpiralMostOfLeast * least ||
+        (difference > least && difference > kSpiralRelative * std::max(atStart, atEnd))) {
+        return reject(
+            fault, Rule::ArcRadiiDiffer, arc.column(),
+            "radius " + number(atStart) + " at the start, " + number(atEnd) + " at the end",
+            "the same radius within " + number(least) + " or a thousandth");
+    }
+    return true;
+}
+
+bool centreByOffsets(const ArcWords& arc, Point2& centre, Fault& fault) {
+    const Block& block = arc.block;
+    if (arc.hasAbsoluteCentre) {
+        for (const char letter : {arc.axes.firstOffset, arc.axes.secondOffset}) {
+            if (!block.has(letter)) {
+                return reject(fault, Rule::WordMissing, arc.column(), arc.code(),
+                              std::string(1, letter) + " too, as G90.1 is in force");
+            }
+        }
+    }
+    centre.first = block.valueOr(arc.axes.firstOffset, 0);
+    centre.second = block.valueOr(arc.axes.secondOffset, 0);
+    if (!arc.hasAbsoluteCentre) {
+        centre.first += arc.start.first;
+        centre.second += arc.start.second;
+    }
+    return checkRadii(arc, distance(centre, arc.start), distance(centre, arc.end), fault);
+}
+
+// A positive radius makes the shorter of the two arcs, a negative one the longer.
+bool centreByRadius(const ArcWords& arc, Point2& centre, Fault& fault) {
+    const Block& block = arc.block;
+    const double radius = block.value('R');
+    if (!block.has(arc.axes.firstLetter) && !block.has(arc.axes.secondLetter)) {
+        return reject(fault, Rule::AxesMissing, arc.column(), arc.code(),
+                      std::string(1, arc.axes.firstLetter) + " or " + arc.axes.secondLetter);
+    }
+    const double half = distance(arc.start, arc.end) / 2;
+    if (half == 0) {
+        return reject(fault, Rule::ArcRadiusZero, block.column('R'), "an end at the start",
+                      "a centre for a full circle, R can't tell it");
+    }
+    const double size = std::abs(radius);
+    if (!(half - size <= (arc.isInches ? kChordInches : kChordMm))) {
+        return reject(fault, Rule::ArcRadiusTooSmall, block.column('R'),
+                      "R" + number(radius) + " for ends " + number(2 * half) + " apart",
+                      "R of at least " + number(half));
+    }
+    const double height = half >= size ? 0 : std::sqrt((size - half) * (size + half));
+    const bool isLeft = (radius > 0) != arc.isClockwise;
+    const double factor = (isLeft ? height : -height) / (2 * half);
+    centre.first =
+        (arc.start.first + arc.end.first) / 2 - (arc.end.second - arc.start.second) * factor;
+    centre.second =
+        (arc.start.second + arc.end.second) / 2 + (arc.end.first - arc.start.first) * factor;
+    return true;
+}
+
+}  // namespace
+
+bool Machine::arc(const Block& block, int motion, Fault& fault) {
+    const PlaneAxes& axes = planeAxes(m_plane);
+    const Axes to = target(block);
+    ArcWords words{block,
+                   axes,
+                   {m_position[axes.first], m_position[axes.second]},
+                   {to[axes.first], to[axes.second]},
+                   m_isInches,
+                   m_hasAbsoluteCentres,
+                   motion == 20};
+    if (!checkFeed(block, motion, fault) || !checkWords(words, fault) ||
+        !checkTurns(block, fault)) {
+        return false;
+    }
+    Point2 centre;
+    if (!(block.has('R') ? centreByRadius(words, centre, fault)
+                         : centreByOffsets(words, centre, fault))) {
+        return false;
+    }
+    Axes centreAxes = m_position;
+    centreAxes[axes.first] = centre.first;
+    centreAxes[axes.second] = centre.second;
+    Motion motionStep = step(MotionKind::Arc);
+    motionStep.centre = machinePoint(centreAxes);
+    const auto turns = static_cast<std::int32_t>(std::lround(block.valueOr('P', 1)));
+    motionStep.turns = words.isClockwise ? -turns : turns;
+    return pushMove(motionStep, to, fault);
+}
+
+}  // namespace gcode_check

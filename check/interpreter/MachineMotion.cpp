@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+// What moves along straight lines: G0, G1, G53, G28, G30.
+#include "interpreter/BlockRules.h"
+#include "interpreter/Machine.h"
+#include "interpreter/Units.h"
+
+namespace gcode_check {
+namespace {
+
+constexpr char kLetters[] = "XYZABC";
+
+bool hasRotary(const Axes& axes) {
+    return axes[3] != 0 || axes[4] != 0 || axes[5] != 0;
+}
+
+}  // namespace
+
+bool Machine::oneShot(const Block& block, Fault& fault) {
+    if (block.hasG(GGroup::OffsetOff)) {
+        offset92Off(block);
+    }
+    switch (block.g(GGroup::OneShot)) {
+        case 100:
+            return setOrigin(block, fault);
+        case 280:
+            return goHome(block, m_home28, fault);
+        case 300:
+            return goHome(block, m_home30, fault);
+        case 281:
+            m_home28 = toMachineAxes(m_position);
+            return true;
+        case 301:
+            m_home30 = toMachineAxes(m_position);
+            return true;
+        case 520:
+        case 920:
+            offset92(block);
+            return true;
+        default:
+            return true;
+    }
+}
+
+// By way of the point that the coordinates name; then only the named axes go home, or all of them
+// when none is named.
+bool Machine::goHome(const Block& block, const Axes& home, Fault& fault) {
+    const Axes between = target(block);
+    Axes machine = toMachineAxes(between);
+    for (std::size_t i = 0; i < machine.size(); ++i) {
+        if (!block.hasAxes() || block.has(kLetters[i])) {
+            machine[i] = home[i];
+        }
+    }
+    Motion motion = step(MotionKind::Rapid);
+    if (!pushMove(motion, between, fault)) {
+        return false;
+    }
+    motion = step(MotionKind::Rapid);
+    return pushMove(motion, toProgramAxes(machine), fault);
+}
+
+Axes Machine::target(const Block& block) const {
+    Axes result = m_position;
+    for (std::size_t i = 0; i < result.size(); ++i) {
+        if (block.has(kLetters[i])) {
+            result[i] = block.value(kLetters[i]) + (m_isRelative ? m_position[i] : 0);
+        }
+    }
+    return result;
+}
+
+// G53: the coordinates are the machine's, without any offset.
+bool Machine::machineTarget(const Block& block, Axes& result, Fault& fault) const {
+    if (m_isRelative) {
+        return reject(fault, Rule::ModeForbids, block.columnOfG(GGroup::OneShot), "G53 in G91",
+                      "G90 with G53");
+    }
+    Axes machine = toMachineAxes(m_position);
+    for (std::size_t i = 0; i < machine.size(); ++i) {
+        machine[i] = block.valueOr(kLetters[i], machine[i]);
+    }
+    result = toProgramAxes(machine);
+    return true;
+}
+
+bool Machine::move(const Block& block, Fault& fault) {
+    const int motion = motionOf(block, m_mode);
+    if (motion == kNoMotion) {
+        if (block.hasG(GGroup::CancelMotion)) {
+            m_mode = kNoMotion;
+            m_isInCycles = false;
+        }
+        return true;
+    }
+    bool isDone = false;
+    if (isCycle(motion)) {
+        isDone = cycle(block, motion, fault);
+    } else {
+        m_isInCycles = false;
+        isDone = motion == 0 || motion == 10 ? straight(block, motion, fault)
+                                             : arc(block, motion, fault);
+    }
+    m_mode = motion;
+    return isDone;
+}
+
+bool Machine::checkFeed(const Block& block, int motion, Fault& fault) const {
+    const auto refuse = [&](Rule rule, const char* expected) {
+        const std::uint32_t column =
+            block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
+        return reject(fault, rule, column, textOfG(motion).text, expected);
+    };
+    if (m_feedMode == FeedMode::InverseTime) {
+        return block.has('F') || refuse(Rule::FeedMissing, "F on each line in G93");
+    }
+    if (m_feed == 0) {
+        return refuse(Rule::FeedMissing, "F with a feed above 0 before it");
+    }
+    if (m_feedMode == FeedMode::PerRevolution && m_speed == 0) {
+        return refuse(Rule::SpindleMissing, "S with a speed above 0 before it in G95");
+    }
+    return true;
+}
+
+bool Machine::straight(const Block& block, int motion, Fault& fault) {
+    if (motion == 10 && !checkFeed(block, motion, fault)) {
+        return false;
+    }
+    Axes to = m_position;
+    if (block.g(GGroup::OneShot) == 530) {
+        if (!machineTarget(block, to, fault)) {
+            return false;
+        }
+    } else {
+        to = target(block);
+    }
+    Motion step = this->step(motion == 0 ? MotionKind::Rapid : MotionKind::Feed);
+    return pushMove(step, to, fault);
+}
+
+bool Machine::pushMove(Motion& motion, const Axes& to, Fault& fault) {
+    if (hasRotary(to) || m_rotary != -1) {
+        const bool isSame =
+            to[3] == m_position[3] && to[4] == m_position[4] && to[5] == m_position[5];
+        if (!hasRotary(to)) {
+            m_rotary = -1;
+        } else if (!isSame || m_rotary == -1) {
+            m_rotary = static_cast<std::int32_t>(m_reading.rotaryAxes.size());
+            m_reading.rotaryAxes.push_back({to[3], to[4], to[5]});
+        }
+        motion.rotary = m_rotary;
+    }
+    motion.to = machinePoint(to);
+    m_position = to;
+    m_machine = motion.to;
+    return push(motion, fault);
+}
+
+}  // namespace gcode_check
