@@ -3,7 +3,9 @@
 #include <fcntl.h>
 #include <QApplication>
 #include <QSettings>
+#include <csignal>
 #include <cstdlib>
+#include <iostream>
 #include <string>
 
 #include "ExitCode.h"
@@ -59,7 +61,9 @@ void prepareToolkit(bool needsDisplay) {
 template <class Wanted>
 int run(const Parsed<Wanted>& parsed, int (*command)(const Wanted&), char** argv) {
     if (parsed.exitCode) {
-        return *parsed.exitCode;
+        const bool isTold = std::cout.flush().good();
+        return isTold ? *parsed.exitCode
+                      : sayFailure(kExitUnwritableOutput, "standard output: it can't be written");
     }
     const bool needsDisplay = !parsed.options.preview.empty();
     std::string error;
@@ -77,6 +81,8 @@ int run(const Parsed<Wanted>& parsed, int (*command)(const Wanted&), char** argv
 
 int main(int argc, char** argv) {
     occupyStandardStreams();
+    // A limit of file size is to be said, not to end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     // The options are read before the toolkit takes over the locale and options of its own.
     return asksForView(argc, argv) ? run(parseViewOptions(argc, argv), &viewProgram, argv)
                                    : run(parseOptions(argc, argv), &generateProgram, argv);

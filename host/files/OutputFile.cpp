@@ -75,6 +75,11 @@ public:
 private:
     /// Opens the folder of a path that is seen from the folder before.
     bool enter(const std::string& path) {
+        if (path.size() >= PATH_MAX) {
+            // It could be made, but nobody could open it by its name.
+            errno = ENAMETOOLONG;
+            return false;
+        }
         const std::size_t slash = path.rfind('/');
         const std::string folder =
             slash == std::string::npos ? "." : path.substr(0, slash == 0 ? 1 : slash);

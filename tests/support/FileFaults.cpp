@@ -13,7 +13,9 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -61,6 +63,21 @@ struct Capabilities {
 
 std::string whyNoMounts() {
     return g_whyNoMounts;
+}
+
+FaultFolder::FaultFolder() : m_path(std::filesystem::temp_directory_path() / "faults-XXXXXX") {
+    if (mkdtemp(m_path.data()) == nullptr) {
+        throw std::runtime_error(m_path + " can't be made");
+    }
+}
+
+FaultFolder::~FaultFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
+}
+
+std::string FaultFolder::place(const std::string& name) const {
+    return name.empty() ? m_path : m_path + "/" + name;
 }
 
 SmallDisk::SmallDisk(const std::string& folder, std::size_t bytes) : m_folder(folder) {

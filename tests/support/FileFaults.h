@@ -12,6 +12,21 @@
 /// Why no disk can be mounted here; empty when it can. A test skips with it.
 std::string whyNoMounts();
 
+/// A folder for a test, removed with all that is in it, whatever its name is.
+class FaultFolder {
+public:
+    FaultFolder();
+    ~FaultFolder();
+    FaultFolder(const FaultFolder&) = delete;
+    FaultFolder& operator=(const FaultFolder&) = delete;
+
+    /// A place in the folder; the folder itself without a name.
+    std::string place(const std::string& name = {}) const;
+
+private:
+    std::string m_path;
+};
+
 /// A disk of its own, mounted at an existing folder and gone with the object.
 class SmallDisk {
 public:
