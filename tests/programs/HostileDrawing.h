@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QByteArray>
+
+class PlantedFiles;
+
+/// A drawing with two lines, and with the name of a planted file in each place where a DXF file may
+/// name one: external references, images, underlays, fonts and shapes, links, plot styles.
+QByteArray hostileDrawing(PlantedFiles& planted);
