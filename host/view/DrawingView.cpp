@@ -31,6 +31,8 @@ constexpr double kPointMark = 6;
 constexpr std::size_t kMostParts = 200;
 /// How far a mark or a bold line reaches beyond its object, in pixels.
 constexpr double kReach = 6;
+/// What of the drawing is shown around a short path, in pixels.
+constexpr double kPathSurroundings = 150;
 
 }  // namespace
 
@@ -199,7 +201,25 @@ void DrawingView::paintEvent(QPaintEvent* event) {
     paintOverlay(&painter);
 }
 
+void DrawingView::showPath(const PathMark& path) {
+    m_path = path;
+    const WorldBox box = path.box();
+    if (!box.isEmpty() && !m_transform.visibleBox().contains(box)) {
+        WorldBox wanted = box;
+        // Among its neighbours rather than as large as the window.
+        const double around =
+            std::max({box.width(), box.height(), kPathSurroundings / m_transform.scale()});
+        wanted.add(box.center() + QPointF(around, around));
+        wanted.add(box.center() - QPointF(around, around));
+        zoomTo(wanted);
+    }
+    update();
+}
+
 void DrawingView::paintOverlay(QPainter* painter) const {
+    if (!m_path.isEmpty()) {
+        m_path.paint(painter, m_transform, CanvasColors::of(m_options.canvas).background);
+    }
     if (m_hovered) {
         CanvasPainter(m_scene, m_transform, m_options).paintHovered(painter, *m_hovered);
     }

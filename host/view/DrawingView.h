@@ -18,6 +18,7 @@
 #include "view/CanvasPainter.h"
 #include "view/DrawingScene.h"
 #include "view/FrameCache.h"
+#include "view/PathMark.h"
 #include "view/SelectionBox.h"
 #include "view/ViewTransform.h"
 
@@ -45,6 +46,10 @@ public:
     void reload();
     /// Shows these as selected.
     void showSelected(const std::vector<kxObject_ptr>& objects);
+    /// Shows this above the drawing until the next one; an empty one ends it. What of it lies
+    /// outside is brought into sight.
+    void showPath(const PathMark& path);
+    const PathMark& path() const { return m_path; }
     void setOptions(const CanvasOptions& options);
     const CanvasOptions& options() const { return m_options; }
 
@@ -148,4 +153,5 @@ private:
     std::optional<QPointF> m_press;
     std::optional<QPointF> m_panFrom;
     std::optional<SelectionBox> m_box;
+    PathMark m_path;
 };
