@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "files/PrintableText.h"
+
 namespace kxdrawing {
 
 namespace {
@@ -39,8 +41,9 @@ std::string padded(const std::string& text, std::size_t wanted, bool right) {
 std::string table(const std::vector<ImportRow>& rows) {
     std::vector<Line> lines = {{"Type", "Layer", "Outcome", "Count", "Objects", "Detail"}};
     for (const ImportRow& row : rows) {
-        lines.push_back({row.type, row.layer, outcomeText(row.outcome), std::to_string(row.count),
-                         std::to_string(row.objects), row.detail});
+        lines.push_back({kxfiles::printable(row.type), kxfiles::printable(row.layer),
+                         outcomeText(row.outcome), std::to_string(row.count),
+                         std::to_string(row.objects), kxfiles::printable(row.detail)});
     }
     std::array<std::size_t, kColumns> widths{};
     for (const Line& line : lines) {
@@ -113,7 +116,7 @@ std::string ImportReport::toText() const {
         text += "Inside of block inserts:\n" + table(rowsInBlocks());
     }
     for (const std::string& note : m_notes) {
-        text += "Note: " + note + '\n';
+        text += "Note: " + kxfiles::printable(note) + '\n';
     }
     return text;
 }

@@ -53,11 +53,17 @@ std::uint32_t decode(std::string_view sequence) {
     return code < kLeast[length] || code > 0x10ffff || isSurrogate ? kBroken : code;
 }
 
+/// Marks that turn the direction of what follows, so that a name could be read as another.
+bool isTurning(std::uint32_t code) {
+    return code == 0x61c || code == 0x200e || code == 0x200f ||
+           (code >= 0x202a && code <= 0x202e) || (code >= 0x2066 && code <= 0x2069);
+}
+
 bool isControl(std::uint32_t code) {
     constexpr std::uint32_t kLineSeparator = 0x2028;
     constexpr std::uint32_t kParagraphSeparator = 0x2029;
     return code < 0x20 || (code >= 0x7f && code < 0xa0) || code == kLineSeparator ||
-           code == kParagraphSeparator;
+           code == kParagraphSeparator || isTurning(code);
 }
 
 }  // namespace

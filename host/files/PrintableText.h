@@ -8,8 +8,9 @@
 namespace kxfiles {
 
 /// A text on one line, safe for a terminal: control characters (a line feed in a file's name, an
-/// escape sequence) and bytes that are not UTF-8 are written as "\n", "\t", "\r" or "\x1b". All
-/// else, backslashes included, stays; so what is printable already is not changed.
+/// escape sequence), marks that turn the direction of writing and bytes that are not UTF-8 are
+/// written as "\n", "\t", "\r" or "\x1b". All else, backslashes included, stays; so what is
+/// printable already is not changed.
 std::string printable(std::string_view text);
 
 }  // namespace kxfiles

@@ -5,6 +5,7 @@
 #include <QCommandLineParser>
 
 #include "Version.h"
+#include "files/PrintableText.h"
 
 namespace {
 
@@ -33,7 +34,8 @@ struct Switches {
 };
 
 QString wrong(const QString& problem) {
-    return QStringLiteral("kxhost: %1\nTry kxhost --help.\n").arg(problem);
+    return QStringLiteral("kxhost: %1\nTry kxhost --help.\n")
+        .arg(QString::fromStdString(kxfiles::printable(problem.toStdString())));
 }
 
 /// What is wrong with the arguments; empty when they can be obeyed.

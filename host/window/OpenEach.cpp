@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QThread>
 
+#include "files/PrintableText.h"
 #include "view/DrawingView.h"
 #include "window/DrawingTab.h"
 #include "window/Drawings.h"
@@ -75,7 +76,8 @@ void openEach(MainWindow* window, const QStringList& files) {
     int count = 0;
     std::cout << "before: " << statusLine("VmRSS") << std::endl;
     for (const QString& file : files) {
-        std::cout << file.toStdString() << ": " << openOne(window->drawings(), file) << std::endl;
+        const std::string result = openOne(window->drawings(), file);
+        std::cout << kxfiles::printable(file.toStdString() + ": " + result) << std::endl;
         if (++count % kReportEvery == 0) {
             std::cout << "after " << count << ": " << statusLine("VmRSS") << std::endl;
         }
