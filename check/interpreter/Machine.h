@@ -90,6 +90,7 @@ private:
     // Steps.
     Motion step(MotionKind kind) const;
     bool push(const Motion& motion, Fault& fault);
+    std::int32_t rotaryIndex(const Axes& to);
     bool pushMove(Motion& motion, const Axes& to, Fault& fault);
     void pushSpindle(Spindle spindle);
     void pushDwell(double seconds);

@@ -144,8 +144,7 @@ bool Machine::cycleHoles(const Block& block, Cycle& cycle, Fault& fault) {
 }
 
 bool Machine::strokeTo(const Cycle& cycle, double depth, Stroke stroke, Fault& fault) {
-    const bool isFed = stroke == Stroke::Drill ||
-                       (stroke == Stroke::Retract && (cycle.code == 850 || cycle.code == 890));
+    const bool isFed = stroke == Stroke::Drill || stroke == Stroke::FedRetract;
     Motion motion = step(isFed ? MotionKind::Feed : MotionKind::Rapid);
     motion.cycle = static_cast<std::uint8_t>(cycle.code / 10);
     motion.stroke = stroke;
@@ -189,13 +188,12 @@ bool Machine::holeEnd(const Cycle& cycle, Fault& fault) {
     if (cycle.code == 860) {
         pushSpindle(Spindle::Off);
     }
-    if (cycle.code == 850) {
-        // Out at the feed up to R, the rest of the way by rapid.
-        if (!strokeTo(cycle, cycle.r, Stroke::Retract, fault)) {
-            return false;
-        }
+    // G85 is fed out up to R, G89 all of the way.
+    if (cycle.code == 850 && !strokeTo(cycle, cycle.r, Stroke::FedRetract, fault)) {
+        return false;
     }
-    if (!strokeTo(cycle, cycle.clear, Stroke::Retract, fault)) {
+    const Stroke out = cycle.code == 890 ? Stroke::FedRetract : Stroke::Retract;
+    if (!strokeTo(cycle, cycle.clear, out, fault)) {
         return false;
     }
     if (cycle.code == 860) {

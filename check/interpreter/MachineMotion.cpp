@@ -43,21 +43,20 @@ bool Machine::oneShot(const Block& block, Fault& fault) {
 }
 
 // By way of the point that the coordinates name; then only the named axes go home, or all of them
-// when none is named.
+// when none is named. In a turned system those are the turned axes.
 bool Machine::goHome(const Block& block, const Axes& home, Fault& fault) {
     const Axes between = target(block);
-    Axes machine = toMachineAxes(between);
-    for (std::size_t i = 0; i < machine.size(); ++i) {
-        if (!block.hasAxes() || block.has(kLetters[i])) {
-            machine[i] = home[i];
-        }
+    const Axes atHome = toProgramAxes(home);
+    Axes to = between;
+    for (std::size_t i = 0; i < to.size(); ++i) {
+        to[i] = !block.hasAxes() || block.has(kLetters[i]) ? atHome[i] : to[i];
     }
     Motion motion = step(MotionKind::Rapid);
     if (!pushMove(motion, between, fault)) {
         return false;
     }
     motion = step(MotionKind::Rapid);
-    return pushMove(motion, toProgramAxes(machine), fault);
+    return pushMove(motion, to, fault);
 }
 
 Axes Machine::target(const Block& block) const {
@@ -139,18 +138,23 @@ bool Machine::straight(const Block& block, int motion, Fault& fault) {
     return pushMove(step, to, fault);
 }
 
-bool Machine::pushMove(Motion& motion, const Axes& to, Fault& fault) {
-    if (hasRotary(to) || m_rotary != -1) {
-        const bool isSame =
-            to[3] == m_position[3] && to[4] == m_position[4] && to[5] == m_position[5];
-        if (!hasRotary(to)) {
-            m_rotary = -1;
-        } else if (!isSame || m_rotary == -1) {
-            m_rotary = static_cast<std::int32_t>(m_reading.rotaryAxes.size());
-            m_reading.rotaryAxes.push_back({to[3], to[4], to[5]});
-        }
-        motion.rotary = m_rotary;
+// Offsets change the coordinates of axes that stand still, so what was written last counts.
+std::int32_t Machine::rotaryIndex(const Axes& to) {
+    if (!hasRotary(to)) {
+        m_rotary = -1;
+        return m_rotary;
     }
+    auto& known = m_reading.rotaryAxes;
+    if (m_rotary == -1 || known.back().a != to[3] || known.back().b != to[4] ||
+        known.back().c != to[5]) {
+        m_rotary = static_cast<std::int32_t>(known.size());
+        known.push_back({to[3], to[4], to[5]});
+    }
+    return m_rotary;
+}
+
+bool Machine::pushMove(Motion& motion, const Axes& to, Fault& fault) {
+    motion.rotary = rotaryIndex(to);
     motion.to = machinePoint(to);
     m_position = to;
     m_machine = motion.to;

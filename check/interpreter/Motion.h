@@ -47,11 +47,12 @@ enum class MotionKind : std::uint8_t {
 
 // What a straight motion does within a canned cycle.
 enum class Stroke : std::uint8_t {
-    None,      // not part of a cycle
-    Approach,  // rapid: up to R, across, down to R
-    Drill,     // feed: into the material
-    Peck,      // rapid: out and back in between two drill strokes
-    Retract,   // out of the hole for good, by rapid or (G85, G89) by feed
+    None,        // not part of a cycle
+    Approach,    // rapid: up to R, across, down to R
+    Drill,       // feed: into the material
+    Peck,        // rapid: out and back in between two drill strokes
+    Retract,     // rapid: out of the hole for good
+    FedRetract,  // the same at the feed (G85, G89)
 };
 
 // One step of what the machine does. It begins where the one before ended.
