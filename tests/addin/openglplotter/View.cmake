@@ -4,6 +4,8 @@
 add_executable(view_math_test
   ${CMAKE_CURRENT_LIST_DIR}/LiteralMatrix.cpp
   ${CMAKE_CURRENT_LIST_DIR}/LiteralMatrix.h
+  ${CMAKE_CURRENT_LIST_DIR}/LiteralSteps.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/LiteralSteps.h
   ${CMAKE_CURRENT_LIST_DIR}/PlaybackStepsTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SceneFiguresTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SegmentSteps.h
