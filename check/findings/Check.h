@@ -16,9 +16,11 @@
 namespace gcode_check {
 
 struct CheckResult {
-    // By line, then by kind, then by object; the same from run to run
+    // By line (those of the program as a whole last), kind and object; the same from run to run
     std::vector<Finding> findings;
-    // Findings beyond CheckOptions::findingsPerKind, by kind
+    // By Severity, those that were left out included
+    std::array<std::size_t, 3> counts{};
+    // Findings beyond CheckOptions::findingsPerKind, by FindingKind
     std::array<std::size_t, 32> leftOut{};
     Figures figures;
     Reading reading;      // motions and lines, for whoever shows a place
@@ -36,7 +38,7 @@ struct CheckResult {
 CheckResult check(std::string_view program, const CheckOptions& options = {},
                   const Drawing* drawing = nullptr);
 
-std::size_t countOf(const CheckResult& result, Severity severity);  // left out ones included
+std::size_t countOf(const CheckResult& result, Severity severity);
 bool hasErrors(const CheckResult& result);
 
 }  // namespace gcode_check

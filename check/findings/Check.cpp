@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "findings/Check.h"
+
+#include "findings/FigureCount.h"
+#include "findings/Findings.h"
+#include "findings/drawing/DrawingCheck.h"
+#include "findings/rules/ArcRadiusRule.h"
+#include "findings/rules/DepthRule.h"
+#include "findings/rules/HeightIncrementsRule.h"
+#include "findings/rules/PlungeFeedRule.h"
+#include "findings/rules/ProgramRules.h"
+#include "findings/rules/RapidRule.h"
+#include "findings/rules/RejectionRule.h"
+#include "findings/rules/SpindleRule.h"
+#include "findings/rules/StartRule.h"
+#include "interpreter/Interpreter.h"
+
+namespace gcode_check {
+namespace {
+
+// The rules that look at one motion after the other.
+class MotionRules {
+public:
+    MotionRules(const Setting& setting, Findings& findings)
+        : m_setting(setting),
+          m_findings(findings),
+          m_figures(setting),
+          m_arcs(setting, findings),
+          m_spindle(setting, findings),
+          m_rapids(setting, findings),
+          m_plunges(setting, findings),
+          m_increments(setting, findings),
+          m_start(setting, findings),
+          m_depth(setting, findings) {}
+
+    void step(const Step& step) {
+        m_figures.step(step);
+        if (!step.isMove()) {
+            return;
+        }
+        m_arcs.step(step);
+        m_spindle.step(step);
+        m_rapids.step(step);
+        m_plunges.step(step);
+        m_increments.step(step);
+        m_start.step(step);
+        m_depth.step(step);
+        m_last = step;
+    }
+
+    Figures finish() {
+        m_rapids.finish();
+        m_plunges.finish();
+        m_increments.finish();
+        m_depth.finish();
+        if (m_last.motion != nullptr) {
+            findEndInMaterial(m_setting, m_last, m_findings);
+        }
+        if (m_findings.has(FindingKind::HeightIncrements)) {
+            // All heights of such a program are wrong, and these follow from them.
+            for (const FindingKind kind :
+                 {FindingKind::DepthZero, FindingKind::RapidInMaterial, FindingKind::RapidAtSurface,
+                  FindingKind::EndsInMaterial}) {
+                m_findings.drop(kind);
+            }
+        }
+        return m_figures.finish();
+    }
+
+private:
+    const Setting& m_setting;
+    Findings& m_findings;
+    FigureCount m_figures;
+    ArcRadiusRule m_arcs;
+    SpindleRule m_spindle;
+    RapidRule m_rapids;
+    PlungeFeedRule m_plunges;
+    HeightIncrementsRule m_increments;
+    StartRule m_start;
+    DepthRule m_depth;
+    Step m_last;
+};
+
+Figures judgeMotions(const Setting& setting, Findings& findings) {
+    MotionRules rules(setting, findings);
+    StepWalk walk(setting);
+    while (walk.next()) {
+        rules.step(walk.step());
+    }
+    return rules.finish();
+}
+
+Heights heightsFor(const Findings& findings) {
+    const bool wrong =
+        findings.has(FindingKind::HeightIncrements) || findings.has(FindingKind::DepthZero);
+    return wrong ? Heights::Any : Heights::BelowSurface;
+}
+
+}  // namespace
+
+CheckResult check(std::string_view program, const CheckOptions& options, const Drawing* drawing) {
+    CheckResult result;
+    result.reading = read(program, options.machine);
+    const Setting setting = settingOf(program, result.reading, options, drawing);
+    Findings findings(options.findingsPerKind);
+    findRejections(setting, findings);
+    findEnds(setting, findings);
+    findUnits(setting, findings);
+    findLineNumbers(setting, findings);
+    result.inches = isInches(result.reading, options);
+    result.figures = judgeMotions(setting, findings);
+    if (drawing != nullptr) {
+        result.drawingGiven = true;
+        result.shapes = drawing->shapes.size();
+        checkDrawing(setting, *drawing, heightsFor(findings), findings, result);
+    }
+    findings.moveInto(result);
+    return result;
+}
+
+std::size_t countOf(const CheckResult& result, Severity severity) {
+    return result.counts[static_cast<std::size_t>(severity)];
+}
+
+bool hasErrors(const CheckResult& result) {
+    return countOf(result, Severity::Error) > 0;
+}
+
+}  // namespace gcode_check

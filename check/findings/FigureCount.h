@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "findings/Figures.h"
+#include "findings/Step.h"
+
+namespace gcode_check {
+
+// Adds up what a program amounts to.
+class FigureCount {
+public:
+    explicit FigureCount(const Setting& setting) : m_setting(setting) {}
+    void step(const Step& step);
+    Figures finish();
+
+private:
+    void move(const Step& step);
+    void feed(const Step& step, double length);
+    void followHeight(const Step& step);
+    void goDown(const Step& step);
+    void goUp();
+
+    const Setting& m_setting;
+    Figures m_figures;
+    double m_lowest = 0;
+    bool m_first = true;
+    bool m_below = false;
+    bool m_sideways = false;  // since the tool went below
+    bool m_hasHole = false;
+    bool m_movedSinceHole = true;
+};
+
+}  // namespace gcode_check

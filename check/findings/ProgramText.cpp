@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "findings/ProgramText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace gcode_check {
+namespace {
+
+bool isBlank(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+char upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+bool isLetter(char c) {
+    return upper(c) >= 'A' && upper(c) <= 'Z';
+}
+
+bool isOfNumber(char c) {
+    return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '+';
+}
+
+// Letters with numbers, comments left out. Reads what no controller would, too: it only asks what
+// a line is about.
+class WordCursor {
+public:
+    explicit WordCursor(std::string_view line) : m_rest(line) {}
+
+    bool next() {
+        while (skipToLetter()) {
+            m_letter = upper(m_rest.front());
+            m_rest.remove_prefix(1);
+            while (!m_rest.empty() && isBlank(m_rest.front())) {
+                m_rest.remove_prefix(1);
+            }
+            if (!m_rest.empty() && isOfNumber(m_rest.front())) {
+                readNumber();
+                return true;
+            }
+        }
+        return false;
+    }
+
+    char letter() const { return m_letter; }
+    double value() const { return m_value; }
+
+private:
+    bool skipToLetter() {
+        while (!m_rest.empty() && m_rest.front() != ';') {
+            if (m_rest.front() == '(') {
+                m_rest.remove_prefix(std::min(m_rest.find(')'), m_rest.size() - 1));
+            } else if (isLetter(m_rest.front())) {
+                return true;
+            }
+            m_rest.remove_prefix(1);
+        }
+        return false;
+    }
+
+    void readNumber() {
+        const auto end = std::find_if_not(m_rest.begin(), m_rest.end(), isOfNumber);
+        std::string_view digits = m_rest.substr(0, static_cast<std::size_t>(end - m_rest.begin()));
+        m_rest.remove_prefix(digits.size());
+        if (digits.front() == '+') {
+            digits.remove_prefix(1);
+        }
+        m_value = 0;
+        std::from_chars(digits.data(), digits.data() + digits.size(), m_value,
+                        std::chars_format::fixed);
+    }
+
+    std::string_view m_rest;
+    char m_letter = ' ';
+    double m_value = 0;
+};
+
+bool isFeedCode(int tenths) {
+    return tenths == 10 || tenths == 20 || tenths == 30 || tenths == 730 ||
+           (tenths >= 810 && tenths <= 890);
+}
+
+bool isMotionCode(int tenths) {
+    return tenths == 0 || tenths == 800 || isFeedCode(tenths);
+}
+
+bool cuts(std::string_view line, int& modalTenths) {
+    bool hasAxis = false;
+    bool hasCode = false;
+    WordCursor words(line);
+    while (words.next()) {
+        const char letter = words.letter();
+        hasAxis = hasAxis || (letter >= 'X' && letter <= 'Z');
+        if (letter != 'G' || !(std::abs(words.value()) < 1000)) {
+            continue;
+        }
+        const int tenths = static_cast<int>(std::lround(words.value() * 10));
+        if (isMotionCode(tenths)) {
+            modalTenths = tenths;
+        }
+        hasCode = hasCode || isFeedCode(tenths);
+    }
+    return hasCode || (hasAxis && isFeedCode(modalTenths));
+}
+
+}  // namespace
+
+bool LineCursor::next() {
+    if (m_rest.empty()) {
+        return false;
+    }
+    const std::size_t end = std::min(m_rest.find('\n'), m_rest.size());
+    m_text = m_rest.substr(0, end);
+    m_rest.remove_prefix(std::min(end + 1, m_rest.size()));
+    ++m_number;
+    return true;
+}
+
+AxisLines firstAxisLines(std::string_view program) {
+    AxisLines lines;
+    LineCursor cursor(program);
+    const auto note = [&cursor](std::uint32_t& line) { line = std::min(line, cursor.number()); };
+    const auto missing = [&lines] {
+        return lines.x == AxisLines::kNever || lines.y == AxisLines::kNever ||
+               lines.z == AxisLines::kNever;
+    };
+    while (missing() && cursor.next()) {
+        WordCursor words(cursor.text());
+        while (words.next()) {
+            if (words.letter() == 'X') {
+                note(lines.x);
+            } else if (words.letter() == 'Y') {
+                note(lines.y);
+            } else if (words.letter() == 'Z') {
+                note(lines.z);
+            }
+        }
+    }
+    return lines;
+}
+
+bool cutsFrom(std::string_view program, std::uint32_t line, int modalTenths) {
+    LineCursor cursor(program);
+    while (cursor.next()) {
+        if (cursor.number() >= line && cuts(cursor.text(), modalTenths)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool looksLikeText(std::string_view line) {
+    for (std::size_t at = 0; at + 1 < line.size(); ++at) {
+        if (line[at] == ';' || line[at] == '(') {
+            return false;
+        }
+        if (isLetter(line[at]) && isLetter(line[at + 1])) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::string_view lineOf(std::string_view program, std::uint32_t line) {
+    LineCursor cursor(program);
+    while (cursor.next()) {
+        if (cursor.number() == line) {
+            return cursor.text();
+        }
+    }
+    return {};
+}
+
+}  // namespace gcode_check

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "findings/Shape.h"
+
+namespace gcode_check {
+namespace {
+
+const char* wordFor(ShapeKind kind) {
+    switch (kind) {
+        case ShapeKind::Line:
+            return "line ";
+        case ShapeKind::Arc:
+            return "arc ";
+        case ShapeKind::Circle:
+            return "circle ";
+        case ShapeKind::Point:
+            break;
+    }
+    return "point ";
+}
+
+}  // namespace
+
+std::string nameOf(const Shape& shape, std::size_t index) {
+    if (!shape.name.empty()) {
+        return shape.name;
+    }
+    return wordFor(shape.kind) + std::to_string(shape.object == 0 ? index + 1 : shape.object);
+}
+
+}  // namespace gcode_check

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "findings/drawing/CoverageRule.h"
+
+#include <algorithm>
+
+#include "geometry/Near.h"
+
+namespace gcode_check {
+namespace {
+
+// Shorter gaps come from rounding.
+constexpr double kGap = 1e-7;
+
+double leastGap(const Curve& curve) {
+    const double length = lengthOf(curve);
+    return length > 0 ? kGap / length + 1e-10 : 0.5;
+}
+
+bool isTouched(const DrawingSetting& scene, const Curve& curve) {
+    bool touched = false;
+    const double reach = scene.setting.tolerance;
+    scene.cutTree.each([&](const PlaneBox& box) { return mayReach(curve, box, reach); },
+                       [&](std::size_t cut) {
+                           touched = distance(scene.cuts.cuts[cut].curve, curve.a) <= reach;
+                           return !touched;
+                       });
+    return touched;
+}
+
+void report(const DrawingSetting& scene, std::size_t index, const std::vector<Interval>& gaps,
+            Findings& findings) {
+    Finding* const finding = findings.add(FindingKind::NotCut, Severity::Warning, 0);
+    if (finding == nullptr) {
+        return;
+    }
+    const Curve& curve = scene.shapes.targets()[index].curve;
+    const Interval longest = *std::max_element(
+        gaps.begin(), gaps.end(),
+        [](const Interval& a, const Interval& b) { return a.to - a.from < b.to - b.from; });
+    const PlanePoint from = pointAt(curve, longest.from);
+    const PlanePoint to = pointAt(curve, longest.to);
+    const double length = lengthOf(curve);
+    const double missing = length * widthOf(gaps);
+    const Wording& words = scene.setting.words;
+    const std::string name = nameOf(scene.drawing.shapes[index], index);
+    if (widthOf(gaps) >= 1) {
+        finding->sentence = "The tool never cuts " + name + " at " + words.place(from) + ".";
+    } else {
+        finding->sentence = "The tool does not cut " + words.length(missing) + " of the " +
+                            words.length(length) + " of " + name + ", from " + words.place(from) +
+                            " to " + words.place(to) +
+                            (gaps.size() > 1 ? " and in other places." : ".");
+    }
+    finding->numbers = {{"missing", missing},
+                        {"length", length},
+                        {"gaps", static_cast<double>(gaps.size()), Measure::Count}};
+    const double z = scene.setting.surface;
+    finding->place = placeOf(scene.setting, {from.x, from.y, z}, {to.x, to.y, z});
+    finding->shape = index;
+}
+
+void reportUnusable(const DrawingSetting& scene, std::size_t index, Findings& findings) {
+    Finding* const finding = findings.add(FindingKind::NotCut, Severity::Warning, 0);
+    if (finding != nullptr) {
+        finding->sentence = nameOf(scene.drawing.shapes[index], index) +
+                            " has coordinates that are no usable numbers; nothing can cut it.";
+        finding->shape = index;
+    }
+}
+
+}  // namespace
+
+bool isDrilled(const DrawingSetting& scene, const PlanePoint& place) {
+    bool drilled = false;
+    const double reach = scene.setting.tolerance;
+    const Curve spot = pointCurve(place);
+    scene.holeTree.each([&](const PlaneBox& box) { return mayReach(spot, box, reach); },
+                        [&](std::size_t hole) {
+                            drilled = distance(scene.cuts.holes[hole].place, place) <= reach;
+                            return !drilled;
+                        });
+    return drilled;
+}
+
+std::vector<Interval> uncutParts(const DrawingSetting& scene, const Target& target) {
+    if (target.hole && isDrilled(scene, *target.hole)) {
+        return {};
+    }
+    const Curve& curve = target.curve;
+    if (curve.kind == Curve::Kind::Point) {
+        return isTouched(scene, curve) ? std::vector<Interval>{} : std::vector<Interval>{{0, 1}};
+    }
+    const double reach = scene.setting.tolerance;
+    std::vector<Interval> covered;
+    std::size_t judgedAt = 8;
+    bool whole = false;
+    scene.cutTree.each(
+        [&](const PlaneBox& box) { return mayReach(curve, box, reach); },
+        [&](std::size_t cut) {
+            appendNear(curve, scene.cuts.cuts[cut].curve, reach, Ends::Round, covered);
+            whole = !covered.empty() && covered.back().from == 0 && covered.back().to == 1;
+            if (!whole && covered.size() > judgedAt) {
+                whole = gapsOf(covered, leastGap(curve)).empty();
+                judgedAt = covered.size() * 2 + 8;
+            }
+            return !whole;
+        });
+    return whole ? std::vector<Interval>{} : gapsOf(covered, leastGap(curve));
+}
+
+std::size_t findUncut(const DrawingSetting& scene, const std::vector<bool>& explained,
+                      Findings& findings) {
+    std::size_t cut = 0;
+    const std::vector<Target>& targets = scene.shapes.targets();
+    for (std::size_t index = 0; index < targets.size(); ++index) {
+        if (!targets[index].usable) {
+            reportUnusable(scene, index, findings);
+            continue;
+        }
+        const std::vector<Interval> gaps = uncutParts(scene, targets[index]);
+        if (gaps.empty()) {
+            ++cut;
+        } else if (!explained[index]) {
+            report(scene, index, gaps, findings);
+        }
+    }
+    return cut;
+}
+
+}  // namespace gcode_check

@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "findings/drawing/CutList.h"
+
+#include <algorithm>
+
+namespace gcode_check {
+namespace {
+
+constexpr int kChordsPerTurn = 64;
+constexpr double kSpiralStep = 0.05;  // of the tolerance
+constexpr int kSpiralArcsAtMost = 1000;
+
+PlanePoint flat(const Point& place) {
+    return {place.x, place.y};
+}
+
+class Collector {
+public:
+    Collector(const Setting& setting, Heights heights) : m_setting(setting), m_heights(heights) {}
+
+    void step(const Step& step) {
+        if (!step.isMove()) {
+            return;
+        }
+        if (step.isRapid()) {
+            if (step.isSideways()) {
+                endVisit();
+            }
+            return;
+        }
+        m_anyHeight = m_heights == Heights::Any || !step.heightKnown;
+        if (step.motion->kind == MotionKind::Arc) {
+            arc(step);
+        } else if (step.isSideways()) {
+            segment(step, step.from, step.to);
+        } else if (step.isDown()) {
+            plunge(step);
+        }
+    }
+
+    CutList finish() {
+        endVisit();
+        return std::move(m_list);
+    }
+
+private:
+    // A visit is what happens between two travels.
+    void endVisit() {
+        if (m_hasHole && !m_hasCut) {
+            m_list.holes.push_back(m_hole);
+        }
+        m_hasHole = false;
+        m_hasCut = false;
+    }
+
+    void plunge(const Step& step) {
+        const bool below = step.to.z < m_setting.surface - kSame;
+        if ((!below && !m_anyHeight) || !isFinite(pointCurve(flat(step.to)))) {
+            return;
+        }
+        if (!m_hasHole || step.to.z < m_hole.bottom) {
+            m_hole = {flat(step.to), step.to.z, static_cast<std::uint32_t>(step.index), step.line(),
+                      step.motion->cycle != 0};
+        }
+        m_hasHole = true;
+    }
+
+    // The stretch of a straight change of height that cuts, as parameters. False: none.
+    bool clip(double fromZ, double toZ, double& begin, double& end) const {
+        begin = 0;
+        end = 1;
+        const double bound = m_setting.surface - kSame;
+        if (m_anyHeight || (fromZ < bound && toZ < bound)) {
+            return true;
+        }
+        if (fromZ >= bound && toZ >= bound) {
+            return false;
+        }
+        const double through = (m_setting.surface - fromZ) / (toZ - fromZ);
+        (fromZ < bound ? end : begin) = std::clamp(through, 0.0, 1.0);
+        return true;
+    }
+
+    void add(const Step& step, const Curve& curve, bool reversed, double startZ, double endZ) {
+        if (curve.kind == Curve::Kind::Point || !isFinite(curve)) {
+            return;
+        }
+        m_hasCut = true;
+        if (reversed) {
+            std::swap(startZ, endZ);
+        }
+        m_list.cuts.push_back(
+            {curve, reversed, startZ, endZ, static_cast<std::uint32_t>(step.index), step.line()});
+    }
+
+    void segment(const Step& step, const Point& from, const Point& to) {
+        double begin = 0;
+        double end = 1;
+        if (!clip(from.z, to.z, begin, end)) {
+            // Through the air, so this is a travel.
+            endVisit();
+            return;
+        }
+        const auto at = [&from, &to](double t) {
+            return Point{from.x + (to.x - from.x) * t, from.y + (to.y - from.y) * t,
+                         from.z + (to.z - from.z) * t};
+        };
+        const Point first = begin == 0 ? from : at(begin);
+        const Point last = end == 1 ? to : at(end);
+        add(step, segmentCurve(flat(first), flat(last)), false, first.z, last.z);
+    }
+
+    void arc(const Step& step) {
+        const ArcSpan span = spanOf(step);
+        const double spiral = std::abs(span.endRadius - span.radius);
+        if (step.motion->plane != Plane::XY) {
+            const double turns = std::abs(span.sweep) / (2 * kPi);
+            chords(step, span, std::max(1, static_cast<int>(std::ceil(turns * kChordsPerTurn))));
+            return;
+        }
+        const double parts = std::ceil(spiral / (kSpiralStep * m_setting.tolerance));
+        const int count =
+            parts > 1 ? static_cast<int>(std::min<double>(parts, kSpiralArcsAtMost)) : 1;
+        for (int part = 0; part < count; ++part) {
+            flatArc(step, span, static_cast<double>(part) / count,
+                    static_cast<double>(part + 1) / count);
+        }
+    }
+
+    void chords(const Step& step, const ArcSpan& span, int count) {
+        Point before = step.from;
+        for (int part = 1; part <= count; ++part) {
+            const Point next = pointOn(step, span, static_cast<double>(part) / count);
+            segment(step, before, next);
+            before = next;
+        }
+    }
+
+    void flatArc(const Step& step, const ArcSpan& span, double from, double to) {
+        const double rise = step.to.z - step.from.z;
+        double begin = 0;
+        double end = 1;
+        if (!clip(step.from.z + rise * from, step.from.z + rise * to, begin, end)) {
+            endVisit();
+            return;
+        }
+        const double first = from + (to - from) * begin;
+        const double last = from + (to - from) * end;
+        const double radius = span.radius + (span.endRadius - span.radius) * (first + last) / 2;
+        add(step,
+            arcCurve(flat(step.centre), radius, span.start + span.sweep * first,
+                     span.sweep * (last - first)),
+            span.sweep < 0, step.from.z + rise * first, step.from.z + rise * last);
+    }
+
+    const Setting& m_setting;
+    Heights m_heights;
+    CutList m_list;
+    Hole m_hole;
+    bool m_hasHole = false;
+    bool m_hasCut = false;
+    bool m_anyHeight = false;
+};
+
+}  // namespace
+
+CutList cutsOf(const Setting& setting, Heights heights) {
+    Collector collector(setting, heights);
+    StepWalk walk(setting);
+    while (walk.next()) {
+        collector.step(walk.step());
+    }
+    return collector.finish();
+}
+
+}  // namespace gcode_check

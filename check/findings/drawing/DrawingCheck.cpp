@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "findings/drawing/DrawingCheck.h"
+
+#include "findings/drawing/CoverageRule.h"
+#include "findings/drawing/CutTwiceRule.h"
+#include "findings/drawing/DrillRule.h"
+#include "findings/drawing/OffDrawingRule.h"
+#include "findings/drawing/UnitsRule.h"
+
+namespace gcode_check {
+namespace {
+
+BoxTree treeOf(const std::vector<Cut>& cuts) {
+    std::vector<PlaneBox> boxes;
+    boxes.reserve(cuts.size());
+    for (const Cut& cut : cuts) {
+        boxes.push_back(boxOf(cut.curve));
+    }
+    return BoxTree(boxes);
+}
+
+BoxTree treeOf(const std::vector<Hole>& holes) {
+    std::vector<PlaneBox> boxes;
+    boxes.reserve(holes.size());
+    for (const Hole& hole : holes) {
+        boxes.push_back(boxOf(pointCurve(hole.place)));
+    }
+    return BoxTree(boxes);
+}
+
+void applyRules(const DrawingSetting& scene, Findings& findings, CheckResult& result) {
+    std::vector<bool> explained(scene.drawing.shapes.size(), false);
+    findOffDrawing(scene, findings);
+    findOffCentre(scene, explained, findings);
+    findCutTwice(scene, findings);
+    // What is missing in a program that stops early is the stop's fault.
+    if (!scene.setting.moreBehind) {
+        result.coverageJudged = true;
+        result.shapesCut = findUncut(scene, explained, findings);
+    }
+}
+
+}  // namespace
+
+void checkDrawing(const Setting& setting, const Drawing& drawing, Heights heights,
+                  Findings& findings, CheckResult& result) {
+    const CutList cuts = cutsOf(setting, heights);
+    const BoxTree cutTree = treeOf(cuts.cuts);
+    const BoxTree holeTree = treeOf(cuts.holes);
+    ShapeIndex shapes(drawing, setting.unitsPerDrawingUnit);
+    Setting judged = setting;
+    const double factor = findUnitFactor(setting, shapes, cuts, findings);
+    if (factor != 1) {
+        // In the unit that fits, so that the difference is told once only.
+        judged.unitsPerDrawingUnit /= factor;
+        judged.tolerance /= factor;
+        shapes = ShapeIndex(drawing, judged.unitsPerDrawingUnit);
+    }
+    applyRules({judged, drawing, shapes, cuts, cutTree, holeTree, heights == Heights::Any},
+               findings, result);
+}
+
+}  // namespace gcode_check

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "findings/drawing/DrillRule.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "findings/drawing/CoverageRule.h"
+
+namespace gcode_check {
+namespace {
+
+constexpr double kNearInTolerances = 50;
+
+class OffCentre {
+public:
+    OffCentre(const DrawingSetting& scene, std::vector<bool>& explained, Findings& findings)
+        : m_scene(scene), m_explained(explained), m_findings(findings) {
+        m_reach = scene.setting.tolerance;
+        m_farthest = kNearInTolerances * m_reach;
+        for (const Target& target : scene.shapes.targets()) {
+            if (target.hole && target.usable) {
+                m_farthest = std::max(m_farthest, target.curve.radius);
+            }
+        }
+    }
+
+    void judge(const Hole& hole) {
+        const auto any = [](std::size_t) { return true; };
+        const double beyond = m_reach * 1.001 + kSame;
+        const bool onCentre =
+            m_scene.shapes.nearestHole(hole.place, beyond, any).distance <= m_reach;
+        // A plain stroke may also stand for a line that is too short to be one.
+        const bool onOutline =
+            !hole.inCycle && m_scene.shapes.distanceToOutline(hole.place, beyond) <= m_reach;
+        if (onCentre || onOutline) {
+            return;
+        }
+        const auto nearest = m_scene.shapes.nearestHole(
+            hole.place, m_farthest,
+            [this, &hole](std::size_t target) { return mayBelong(hole, target); });
+        if (nearest.target) {
+            m_explained[*nearest.target] = true;
+            reportOffCentre(hole, *nearest.target, nearest.distance);
+        } else {
+            reportNowhere(hole);
+        }
+    }
+
+private:
+    bool mayBelong(const Hole& hole, std::size_t index) const {
+        const Target& target = m_scene.shapes.targets()[index];
+        const double bound = std::max(target.curve.radius, kNearInTolerances * m_reach);
+        return distance(*target.hole, hole.place) <= bound && !uncutParts(m_scene, target).empty();
+    }
+
+    Place placeOfHole(const Hole& hole) const {
+        const Point at{hole.place.x, hole.place.y, hole.bottom};
+        Place place = placeOf(m_scene.setting, at, at);
+        place.firstMotion = hole.motion;
+        place.lastMotion = hole.motion;
+        return place;
+    }
+
+    void reportOffCentre(const Hole& hole, std::size_t target, double off) {
+        Finding* const finding =
+            m_findings.add(FindingKind::DrillOffCentre, Severity::Error, hole.line);
+        if (finding == nullptr) {
+            return;
+        }
+        const Wording& words = m_scene.setting.words;
+        const PlanePoint centre = *m_scene.shapes.targets()[target].hole;
+        finding->sentence = "The tool drills at " + words.place(hole.place) + ", " +
+                            words.length(off) + " off the middle of " +
+                            nameOf(m_scene.drawing.shapes[target], target) + " at " +
+                            words.place(centre) + ".";
+        finding->numbers = {{"distance", off}};
+        finding->place = placeOfHole(hole);
+        finding->shape = target;
+    }
+
+    void reportNowhere(const Hole& hole) {
+        Finding* const finding =
+            m_findings.add(FindingKind::CutOffDrawing, Severity::Error, hole.line);
+        if (finding == nullptr) {
+            return;
+        }
+        const Wording& words = m_scene.setting.words;
+        finding->sentence =
+            "The tool drills at " + words.place(hole.place) + " where no selected object lies";
+        const double far = std::numeric_limits<double>::infinity();
+        const auto any = [](std::size_t) { return true; };
+        double off = m_scene.shapes.nearestHole(hole.place, far, any).distance;
+        if (!hole.inCycle) {
+            off = m_scene.shapes.distanceToOutline(hole.place, off);
+        }
+        if (off < far) {
+            finding->sentence += ", " + words.length(off) + " away from the nearest one";
+            finding->numbers = {{"distance", off}};
+        }
+        finding->sentence += '.';
+        finding->place = placeOfHole(hole);
+    }
+
+    const DrawingSetting& m_scene;
+    std::vector<bool>& m_explained;
+    Findings& m_findings;
+    double m_reach = 0;
+    double m_farthest = 0;
+};
+
+}  // namespace
+
+void findOffCentre(const DrawingSetting& scene, std::vector<bool>& explained, Findings& findings) {
+    OffCentre rule(scene, explained, findings);
+    for (const Hole& hole : scene.cuts.holes) {
+        rule.judge(hole);
+    }
+}
+
+}  // namespace gcode_check

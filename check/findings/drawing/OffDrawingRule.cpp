@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "findings/drawing/OffDrawingRule.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "geometry/Near.h"
+
+namespace gcode_check {
+namespace {
+
+constexpr double kGap = 1e-7;
+constexpr int kPlacesPerGap = 17;
+// When so many places were looked at, one a gap must do.
+constexpr std::size_t kPlacesAtMost = 200000;
+
+class OffDrawing {
+public:
+    OffDrawing(const DrawingSetting& scene, Findings& findings)
+        : m_scene(scene), m_findings(findings) {}
+
+    void cut(const Cut& cut) {
+        std::vector<Interval> gaps = gapsIn(cut.curve);
+        if (gaps.empty()) {
+            close();
+            return;
+        }
+        if (cut.reversed) {
+            std::reverse(gaps.begin(), gaps.end());
+        }
+        for (const Interval& gap : gaps) {
+            const bool fromBegin = cut.reversed ? gap.to == 1 : gap.from == 0;
+            const bool toEnd = cut.reversed ? gap.from == 0 : gap.to == 1;
+            const Point first = at(cut, cut.reversed ? gap.to : gap.from);
+            if (!fromBegin || isElsewhere(first)) {
+                close();
+            }
+            extend(cut, gap, first);
+            if (!toEnd) {
+                close();
+            }
+        }
+    }
+
+    void close() {
+        if (m_run.open) {
+            report();
+        }
+        m_run = {};
+    }
+
+private:
+    struct Run {
+        bool open = false;
+        std::uint32_t line = 0;
+        std::uint32_t firstMotion = 0;
+        std::uint32_t lastMotion = 0;
+        double length = 0;
+        double worst = -1;
+        PlanePoint worstPlace;
+        Point from;
+        Point to;
+    };
+
+    std::vector<Interval> gapsIn(const Curve& curve) const {
+        const double reach = m_scene.setting.tolerance;
+        const double least = kGap / std::max(lengthOf(curve), kGap) + 1e-10;
+        std::vector<Interval> covered;
+        bool whole = false;
+        std::size_t judgedAt = 8;
+        m_scene.shapes.eachNear(curve, reach, [&](std::size_t target) {
+            appendNear(curve, m_scene.shapes.targets()[target].curve, reach, Ends::Round, covered);
+            whole = !covered.empty() && covered.back().from == 0 && covered.back().to == 1;
+            if (!whole && covered.size() > judgedAt) {
+                whole = gapsOf(covered, least).empty();
+                judgedAt = covered.size() * 2 + 8;
+            }
+            return !whole;
+        });
+        return whole ? std::vector<Interval>{} : gapsOf(covered, least);
+    }
+
+    static Point at(const Cut& cut, double t) {
+        const PlanePoint place = pointAt(cut.curve, t);
+        return {place.x, place.y, cut.startZ + (cut.endZ - cut.startZ) * t};
+    }
+
+    // The tool has travelled since.
+    bool isElsewhere(const Point& place) const {
+        return m_run.open && distance({m_run.to.x, m_run.to.y}, {place.x, place.y}) > kSame;
+    }
+
+    void extend(const Cut& cut, const Interval& gap, const Point& first) {
+        const Point last = at(cut, cut.reversed ? gap.from : gap.to);
+        if (!m_run.open) {
+            m_run.open = true;
+            m_run.line = cut.line;
+            m_run.firstMotion = cut.motion;
+            m_run.from = first;
+        }
+        m_run.to = last;
+        m_run.lastMotion = cut.motion;
+        m_run.length += lengthOf(cut.curve) * (gap.to - gap.from);
+        const int places = m_looked < kPlacesAtMost ? kPlacesPerGap : 1;
+        for (int place = 0; place < places; ++place) {
+            const double part = places == 1 ? 0.5 : static_cast<double>(place) / (places - 1);
+            look(pointAt(cut.curve, gap.from + (gap.to - gap.from) * part));
+        }
+    }
+
+    void look(const PlanePoint& place) {
+        ++m_looked;
+        const double far = std::numeric_limits<double>::infinity();
+        const double off = m_scene.shapes.distanceToOutline(place, far);
+        if (off > m_run.worst) {
+            m_run.worst = off;
+            m_run.worstPlace = place;
+        }
+    }
+
+    void report() {
+        Finding* const finding =
+            m_findings.add(FindingKind::CutOffDrawing, Severity::Error, m_run.line);
+        if (finding == nullptr) {
+            return;
+        }
+        const Wording& words = m_scene.setting.words;
+        finding->sentence =
+            "The tool cuts " + words.length(m_run.length) + " where no selected object lies";
+        if (m_scene.shapes.empty()) {
+            finding->sentence += ": none is selected.";
+        } else {
+            finding->sentence += ", up to " + words.length(m_run.worst) +
+                                 " away from the nearest one, at " + words.place(m_run.worstPlace) +
+                                 ".";
+        }
+        finding->numbers = {{"length", m_run.length}};
+        if (!m_scene.shapes.empty()) {
+            finding->numbers.push_back({"distance", m_run.worst});
+        }
+        Place place = placeOf(m_scene.setting, m_run.from, m_run.to);
+        place.firstMotion = m_run.firstMotion;
+        place.lastMotion = m_run.lastMotion;
+        finding->place = place;
+    }
+
+    const DrawingSetting& m_scene;
+    Findings& m_findings;
+    Run m_run;
+    std::size_t m_looked = 0;
+};
+
+}  // namespace
+
+void findOffDrawing(const DrawingSetting& scene, Findings& findings) {
+    OffDrawing rule(scene, findings);
+    for (const Cut& cut : scene.cuts.cuts) {
+        rule.cut(cut);
+    }
+    rule.close();
+}
+
+}  // namespace gcode_check

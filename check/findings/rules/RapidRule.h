@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "findings/Findings.h"
+#include "findings/Step.h"
+
+namespace gcode_check {
+
+// Rapids sideways or down below the surface, and those that scrape along it. One finding for
+// moves in a row.
+class RapidRule {
+public:
+    RapidRule(const Setting& setting, Findings& findings)
+        : m_setting(setting), m_findings(findings) {}
+    void step(const Step& step);
+    void finish();
+
+private:
+    struct Run {
+        bool open = false;
+        FindingKind kind = FindingKind::RapidInMaterial;
+        bool sideways = false;
+        std::uint32_t line = 0;
+        std::size_t moves = 0;
+        double length = 0;
+        double lowest = 0;
+        Place place;
+    };
+
+    bool isHit(const Step& step, FindingKind& kind) const;
+    bool isInHole(const Step& step) const;
+    void noteFeed(const Step& step);
+    void close();
+
+    const Setting& m_setting;
+    Findings& m_findings;
+    Run m_run;
+    Point m_holeBottom;  // the lowest place that a stroke straight down has reached here
+    bool m_hole = false;
+};
+
+}  // namespace gcode_check

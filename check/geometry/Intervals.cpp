@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+#include "geometry/Intervals.h"
+
+#include <algorithm>
+
+namespace gcode_check {
+
+void unite(std::vector<Interval>& intervals) {
+    std::sort(intervals.begin(), intervals.end(), [](const Interval& a, const Interval& b) {
+        return a.from < b.from || (a.from == b.from && a.to < b.to);
+    });
+    std::size_t kept = 0;
+    for (std::size_t next = 1; next < intervals.size(); ++next) {
+        if (intervals[next].from <= intervals[kept].to) {
+            intervals[kept].to = std::max(intervals[kept].to, intervals[next].to);
+        } else {
+            intervals[++kept] = intervals[next];
+        }
+    }
+    if (!intervals.empty()) {
+        intervals.resize(kept + 1);
+    }
+}
+
+std::vector<Interval> gapsOf(std::vector<Interval>& intervals, double least) {
+    unite(intervals);
+    std::vector<Interval> gaps;
+    double reached = 0;
+    for (const Interval& covered : intervals) {
+        if (covered.from - reached > least) {
+            gaps.push_back({reached, covered.from});
+        }
+        reached = std::max(reached, covered.to);
+    }
+    if (1 - reached > least) {
+        gaps.push_back({reached, 1});
+    }
+    return gaps;
+}
+
+double widthOf(const std::vector<Interval>& intervals) {
+    double width = 0;
+    for (const Interval& interval : intervals) {
+        width += interval.to - interval.from;
+    }
+    return width;
+}
+
+}  // namespace gcode_check
