@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
-#include <QSettings>
 #include <QShortcut>
 #include <QStyle>
 #include <QToolBar>
@@ -14,6 +13,7 @@
 #include "InstallFolders.h"
 #include "window/FindBar.h"
 #include "window/ManualBrowser.h"
+#include "window/SafeSettings.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ HelpWindow::HelpWindow(const QString& folder, QWidget* parent)
     layout->addWidget(m_browser, 1);
     layout->addWidget(m_findBar);
     connect(m_browser, &QTextBrowser::sourceChanged, this, &HelpWindow::takeTitle);
-    if (!restoreGeometry(QSettings().value(geometryKey()).toByteArray())) {
+    if (!restoreGeometry(storedLayout(geometryKey()))) {
         resize(760, 640);
     }
 }
@@ -109,7 +109,7 @@ void HelpWindow::takeTitle() {
 }
 
 void HelpWindow::closeEvent(QCloseEvent* event) {
-    QSettings().setValue(geometryKey(), saveGeometry());
+    storeLayout(geometryKey(), saveGeometry());
     QWidget::closeEvent(event);
 }
 

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/HostSettings.h"
 
-#include <cmath>
-
 #include <QSettings>
 
 #include "KxText.h"
 #include "window/HelpWindow.h"
+#include "window/SafeSettings.h"
 
 namespace {
 
@@ -22,6 +21,7 @@ constexpr char kLanguage[] = "help/language";
 }  // namespace
 
 HostSettings HostSettings::load() {
+    setForeignSettingsAside();
     const QSettings stored;
     HostSettings settings;
     const bool light = stored.value(kCanvas, false).toBool();
@@ -29,7 +29,7 @@ HostSettings HostSettings::load() {
     settings.canvas.grid = stored.value(kGrid, true).toBool();
     settings.canvas.axes = stored.value(kAxes, true).toBool();
     const double tolerance = stored.value(kTolerance, settings.explodeTolerance).toDouble();
-    if (std::isfinite(tolerance) && tolerance > 0) {
+    if (tolerance >= kSmallestTolerance && tolerance <= kLargestTolerance) {
         settings.explodeTolerance = tolerance;
     }
     settings.webHelp = stored.value(kWebHelp, false).toBool();

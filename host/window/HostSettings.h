@@ -11,6 +11,10 @@
 
 /// What the user has set, kept with QSettings.
 struct HostSettings {
+    /// What can be set; a stored tolerance outside of it counts as none.
+    static constexpr double kSmallestTolerance = 0.0001;
+    static constexpr double kLargestTolerance = 1000;
+
     CanvasOptions canvas;
     double explodeTolerance = kxdrawing::kDefaultTolerance;
     bool webHelp = false;

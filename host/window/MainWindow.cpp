@@ -36,6 +36,7 @@
 #include "window/LayersDock.h"
 #include "window/MeasureTool.h"
 #include "window/RecentFiles.h"
+#include "window/SafeSettings.h"
 #include "window/SelectionKeeper.h"
 #include "window/ToolPathCheck.h"
 #include "window/ToolsMenu.h"
@@ -53,14 +54,28 @@ constexpr char kHistory[] = "window/commandHistory";
 /// Raised when docks change so that an old state no longer fits.
 constexpr int kStateVersion = 1;
 
+/// The drawings of this machine among what is dragged.
 QStringList drawingsIn(const QMimeData& data) {
     QStringList files;
     for (const QUrl& url : data.urls()) {
-        if (url.isLocalFile() && url.toLocalFile().endsWith(".dxf", Qt::CaseInsensitive)) {
-            files.append(url.toLocalFile());
+        const bool isHere =
+            url.isLocalFile() && (url.host().isEmpty() || url.host() == "localhost");
+        const QString file = isHere ? url.path(QUrl::FullyDecoded) : QString();
+        if (file.endsWith(".dxf", Qt::CaseInsensitive)) {
+            files.append(file);
         }
     }
     return files;
+}
+
+/// Whether an address is of the place that another one names.
+bool isBelow(const QUrl& address, const QUrl& place) {
+    const QString path = address.adjusted(QUrl::NormalizePathSegments).path();
+    const QString above = place.path();
+    const bool isInside =
+        path == above || path.startsWith(above.endsWith('/') ? above : above + '/');
+    return isInside && address.scheme() == place.scheme() &&
+           address.authority() == place.authority();
 }
 
 /// The name as a window's title takes it, where "[*]" would be left out and "[*][*]" stands for it.
@@ -328,6 +343,8 @@ void MainWindow::openWebHelp(const QString& address) {
     const bool isWeb = url.scheme() == "https" || url.scheme() == "http";
     if (!isWeb || url.host().isEmpty()) {
         complain(tr("There is no web address for help. SETTINGS holds it."));
+    } else if (!isBelow(url, QUrl(m_settings.webLink))) {
+        complain(tr("The help is not at the web address of the settings: %1").arg(address));
     } else if (!QDesktopServices::openUrl(url)) {
         complain(tr("No browser could be opened for %1").arg(address));
     }
@@ -357,18 +374,17 @@ void MainWindow::loadAddin(const QString& file) {
 }
 
 void MainWindow::restoreLayout() {
-    const QSettings stored;
     QList<QDockWidget*> shown;
     for (QDockWidget* dock : m_panes->docks()) {
         if (!dock->isHidden()) {
             shown.append(dock);
         }
     }
-    if (!restoreGeometry(stored.value(kGeometry).toByteArray())) {
+    if (!restoreGeometry(storedLayout(kGeometry))) {
         const QSize screen = QGuiApplication::primaryScreen()->availableSize();
         resize(kFirstSize.boundedTo(screen));
     }
-    if (!restoreState(stored.value(kState).toByteArray(), kStateVersion)) {
+    if (!restoreState(storedLayout(kState), kStateVersion)) {
         resizeDocks({m_layers}, {kLayersWidth}, Qt::Horizontal);
         resizeDocks({m_commandDock}, {kCommandHeight}, Qt::Vertical);
     }
@@ -392,10 +408,9 @@ void MainWindow::end() {
     if (std::exchange(m_hasEnded, true)) {
         return;
     }
-    QSettings stored;
-    stored.setValue(kGeometry, saveGeometry());
-    stored.setValue(kState, saveState(kStateVersion));
-    stored.setValue(kHistory, m_commandLine->history().lines());
+    storeLayout(kGeometry, saveGeometry());
+    storeLayout(kState, saveState(kStateVersion));
+    QSettings().setValue(kHistory, m_commandLine->history().lines());
     m_drawings->closeAll();
     m_session->unloadAddins();
     m_help.reset();

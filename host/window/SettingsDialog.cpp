@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr double kSmallestTolerance = 0.0001;
-constexpr double kLargestTolerance = 1000;
 constexpr int kToleranceDecimals = 4;
 
 struct Language {
@@ -81,7 +79,7 @@ void SettingsDialog::addViewRows(QFormLayout* form) {
     m_tolerance->setObjectName("settingsTolerance");
     m_tolerance->setLocale(QLocale::c());
     m_tolerance->setDecimals(kToleranceDecimals);
-    m_tolerance->setRange(kSmallestTolerance, kLargestTolerance);
+    m_tolerance->setRange(HostSettings::kSmallestTolerance, HostSettings::kLargestTolerance);
     m_tolerance->setSingleStep(0.01);
     m_tolerance->setValue(m_settings.explodeTolerance);
     m_tolerance->setToolTip(
