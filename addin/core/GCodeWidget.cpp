@@ -3,6 +3,7 @@
 #include "core/GCodeWidget.h"
 
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -43,7 +44,17 @@ GCodeWidget::GCodeWidget(kxApplication_c* application, QWidget* parent)
     dwellTimeEdit->hide();
 }
 
-GCodeWidget::~GCodeWidget() = default;
+GCodeWidget::~GCodeWidget() {
+    // Open dialogs stand on the stack of the slots that wait for them: they end here, and the pane
+    // that goes next must not delete them.
+    const auto dialogs = widget != nullptr ? widget->findChildren<QDialog*>() : QList<QDialog*>();
+    for (QDialog* dialog : dialogs) {
+        dialog->reject();
+        if (dialog->parent() == widget) {
+            dialog->setParent(nullptr, dialog->windowFlags());
+        }
+    }
+}
 
 void GCodeWidget::SetParams() {
     m_feedZ = numberIn(feedRateZ);

@@ -14,6 +14,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QTabWidget>
+#include <QThread>
 #include <QUrl>
 
 #include "commandline/CommandLine.h"
@@ -398,6 +399,14 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (!m_idle->isIdle()) {
         event->ignore();
         m_idle->run([this] { close(); });
+        return;
+    }
+    if (QThread::currentThread()->loopLevel() > 1) {
+        // A dialog waits below, perhaps that of an add-in, which must not be unloaded before its
+        // code has returned: the rest is done when the program ends.
+        event->accept();
+        m_help.reset();
+        QCoreApplication::quit();
         return;
     }
     end();
