@@ -175,7 +175,9 @@ void addHeightsAndFeeds(CLI::App& app, Options& options) {
 void addAddin(CLI::App& app, std::string& addin) {
     app.add_option("--addin", addin, "The add-in's library, when it is not beside kxgcode")
         ->type_name("FILE")
-        ->envname("KX_ADDIN_PATH");
+        ->envname("KX_ADDIN_PATH")
+        // Settings are passed on from one to another; code is not.
+        ->configurable(false);
 }
 
 void addEverything(CLI::App& app, Options& options) {
