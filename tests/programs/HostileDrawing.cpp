@@ -44,11 +44,9 @@ public:
     QByteArray objects();
 
 private:
-    /// The name of a new planted file.
+    /// The name of a planted file.
     QByteArray name(const char* ending) {
-        const QStringList ways =
-            m_planted.plant(QString("%1-%2.%3").arg(m_way).arg(m_count++).arg(ending));
-        return QFile::encodeName(ways.at(m_way));
+        return QFile::encodeName(m_planted.plant(QString("planted.") + ending).at(m_way));
     }
     QByteArray own(const char* base) const { return base + QByteArray::number(m_way); }
     QByteArray texts();
@@ -57,7 +55,6 @@ private:
 
     PlantedFiles& m_planted;
     int m_way;
-    int m_count = 0;
 };
 
 QByteArray Names::header() {

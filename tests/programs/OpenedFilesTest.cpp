@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 
@@ -165,6 +167,41 @@ TEST_F(OpenedFiles, TheRecordShowsWhatIsOpenedBesides) {
     const QString other = recorded.write("other.dxf", contentOf(drawing));
     ASSERT_TRUE(recorded.run(KX_HOST, {"--open-each", drawing, other}));
     EXPECT_EQ(lines(recorded.foreign({drawing})), "open " + other.toStdString());
+}
+
+TEST_F(OpenedFiles, WhatIsPlantedForTheLogIsLeftAlone) {
+    const QString log = recorded.temporary() + "/GCodeAddin.log";
+    const QString precious = recorded.write("precious.txt", "kept\n");
+    const QString drawing = recorded.write("part.dxf", hostileDrawing(planted));
+    const QString output = recorded.work() + "/part.nc";
+    const auto runs = [&] { return recorded.run(KX_GCODE, toolPath(drawing, output)); };
+    ASSERT_TRUE(QFile::link(precious, log));
+    EXPECT_TRUE(runs()) << "a link";
+    ASSERT_TRUE(QFile::remove(log));
+    ASSERT_EQ(link(QFile::encodeName(precious).constData(), QFile::encodeName(log).constData()), 0);
+    EXPECT_TRUE(runs()) << "a second name";
+    EXPECT_EQ(contentOf(precious), "kept\n");
+    ASSERT_TRUE(QFile::remove(log));
+    ASSERT_EQ(mkfifo(QFile::encodeName(log).constData(), 0600), 0);
+    EXPECT_TRUE(runs()) << "a named pipe";
+    ASSERT_TRUE(QFile::remove(log));
+    ASSERT_TRUE(QDir().mkdir(log));
+    EXPECT_TRUE(runs()) << "a folder";
+}
+
+TEST_F(OpenedFiles, TemporaryFilesAreOurOwn) {
+    const QString drawing = recorded.write("part.dxf", hostileDrawing(planted));
+    const QString output = recorded.work() + "/part.nc";
+    const QStringList arguments = toolPath(drawing, output) + QStringList{"--comment", "x"};
+    ASSERT_TRUE(recorded.run(KX_GCODE, arguments));
+    const QStringList first = recorded.openedBelow(recorded.temporary());
+    ASSERT_TRUE(recorded.run(KX_GCODE, arguments));
+    const QStringList second = recorded.openedBelow(recorded.temporary());
+    EXPECT_EQ(first.filter("program.nc").isEmpty(), false) << "the comment was saved";
+    for (const QString& name : first) {
+        const bool isFixed = name == recorded.temporary() + "/GCodeAddin.log";
+        EXPECT_EQ(second.contains(name), isFixed) << name.toStdString();
+    }
 }
 
 TEST_F(OpenedFiles, NoTemporaryFileStays) {

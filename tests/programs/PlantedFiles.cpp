@@ -15,8 +15,9 @@ PlantedFiles::PlantedFiles(const QString& workFolder) : m_work(workFolder) {
 QStringList PlantedFiles::plant(const QString& name) {
     QFile file(folder() + "/" + name);
     const QString pipe = folder() + "/pipe-" + name;
-    if (!file.open(QIODevice::WriteOnly) || file.write("planted\n") < 0 ||
-        mkfifo(QFile::encodeName(pipe).constData(), 0600) != 0) {
+    const bool isThere = file.exists();
+    if (!isThere && (!file.open(QIODevice::WriteOnly) || file.write("planted\n") < 0 ||
+                     mkfifo(QFile::encodeName(pipe).constData(), 0600) != 0)) {
         qFatal("can't plant %s", qUtf8Printable(file.fileName()));
     }
     const QString whole = folder() + "/" + name;

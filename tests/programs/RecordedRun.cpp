@@ -111,3 +111,14 @@ QStringList RecordedRun::foreign(const QStringList& named) const {
     others.removeDuplicates();
     return others;
 }
+
+QStringList RecordedRun::openedBelow(const QString& folder) const {
+    QStringList files;
+    for (const QString& line : m_record) {
+        if (line.startsWith("open " + folder + "/")) {
+            files << line.section(' ', 1);
+        }
+    }
+    files.removeDuplicates();
+    return files;
+}

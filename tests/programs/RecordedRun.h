@@ -30,6 +30,8 @@ public:
     /// What was opened, loaded, started and connected to besides what is of the system, of the
     /// programs' own installation, of the home and temporary, and the files that are named here.
     QStringList foreign(const QStringList& named) const;
+    /// The files of a folder, and of those in it, that were opened.
+    QStringList openedBelow(const QString& folder) const;
     /// Whether a file was opened.
     bool hasOpened(const QString& path) const { return m_record.contains("open " + path); }
 

@@ -186,15 +186,18 @@ protected:
         if (QGuiApplication::platformName() != "xcb") {
             GTEST_SKIP() << "this display starts no browser";
         }
-        QFile script(folder.filePath("xdg-open"));
+        // The toolkit keeps where it has found the browser, so it stays there for all tests.
+        static const QTemporaryDir programs;
+        QFile script(programs.filePath("xdg-open"));
         ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\nprintf '%s\\n' $# \"$@\" > '" +
-                     QFile::encodeName(folder.filePath("started.new")) + "'\nmv '" +
-                     QFile::encodeName(folder.filePath("started.new")) + "' '" +
-                     QFile::encodeName(folder.filePath("started")) + "'\n");
+        script.write(
+            "#!/bin/sh\n"
+            "printf '%s\\n' $# \"$@\" > \"$KX_TEST_STARTED.new\"\n"
+            "mv \"$KX_TEST_STARTED.new\" \"$KX_TEST_STARTED\"\n");
         ASSERT_TRUE(script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        qputenv("KX_TEST_STARTED", QFile::encodeName(folder.filePath("started")));
         m_path = qgetenv("PATH");
-        qputenv("PATH", QFile::encodeName(folder.path()) + ":" + m_path);
+        qputenv("PATH", QFile::encodeName(programs.path()) + ":" + m_path);
     }
     void TearDown() override {
         if (!m_path.isEmpty()) {
