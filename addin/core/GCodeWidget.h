@@ -12,6 +12,7 @@
 
 #include <kx/kxApplication.h>
 
+#include "core/OutputText.h"
 #include "core/Parameters.h"
 #include "core/PathEntity.h"
 #include "core/PositionAndFeed.h"
@@ -112,7 +113,7 @@ private:
     void GenerateToolPath();
     void GenerateDrillCycle(DrillCycleType type);
     GCode::MotionMode motionMode() const;
-    std::string commentText() const;
+    GCode::OutputText outputText() const;
     QString programText() const;
 
     kxApplication_c* m_application;

@@ -47,14 +47,10 @@ void GCodeWidget::SaveGCode() {
         return;
     }
     // A cancelled dialog gives an empty path: no file is written, all else happens.
-    const std::string comment = commentText();
-    const std::string program = m_gcodeBuffer.str();
-    writeTextFile(path, comment.empty() ? program : comment + "\n" + program);
-    m_lastGCodeBuffer.str(comment + "\n" + program);
+    const GCode::OutputText output = outputText();
+    saveOutput(path, output);
+    m_lastGCodeBuffer.str(GCode::appendedText(output));
     m_lastSavedFile = path;
-    if (lineNumberCheckBox->isChecked()) {
-        numberFileLines(path);
-    }
 }
 
 void GCodeWidget::AppendFile() {
@@ -66,25 +62,16 @@ void GCodeWidget::AppendFile() {
     if (!self || (answer != QMessageBox::Yes && answer != QMessageBox::No)) {
         return;
     }
-    QString path;
     if (answer == QMessageBox::Yes) {
-        // The file is rebuilt from what the last save wrote: a second Yes replaces the first one's
-        // addition.
-        path = m_lastSavedFile;
-        writeTextFile(path, m_lastGCodeBuffer.str() + commentText() + "\n" + m_gcodeBuffer.str());
-    } else {
-        path = QFileDialog::getSaveFileName(widget, tr("Append File"), QString(),
-                                            tr("Text file(*.txt *.ngc *.nc)"), nullptr,
-                                            QFileDialog::DontConfirmOverwrite);
-        if (!self) {
-            return;
-        }
-        appendTextFile(path, commentText() + "\n" + m_gcodeBuffer.str());
+        emit GCodeGenFinish(rebuildOutput(m_lastSavedFile, m_lastGCodeBuffer.str(), outputText()));
+        return;
     }
-    if (lineNumberCheckBox->isChecked()) {
-        numberFileLines(path);
+    const QString path = QFileDialog::getSaveFileName(widget, tr("Append File"), QString(),
+                                                      tr("Text file(*.txt *.ngc *.nc)"), nullptr,
+                                                      QFileDialog::DontConfirmOverwrite);
+    if (self) {
+        emit GCodeGenFinish(extendOutput(path, outputText()));
     }
-    emit GCodeGenFinish(readTextFile(path));
 }
 
 void GCodeWidget::SelectFilePreview() {
@@ -115,6 +102,6 @@ void GCodeWidget::ClearPreviousPreview() {
     emit GCodeGenFinish(programText());
 }
 
-std::string GCodeWidget::commentText() const {
-    return typedText(m_CommentTextEdit);
+GCode::OutputText GCodeWidget::outputText() const {
+    return {typedText(m_CommentTextEdit), m_gcodeBuffer.str(), lineNumberCheckBox->isChecked()};
 }

@@ -28,6 +28,12 @@ QString textOf(const QByteArray& bytes) {
     return QTextCodec::codecForName("UTF-8")->toUnicode(bytes);
 }
 
+void numberIfAsked(const QString& path, const GCode::OutputText& output) {
+    if (output.numbersLines) {
+        numberFileLines(path);
+    }
+}
+
 }  // namespace
 
 void writeTextFile(const QString& path, const std::string& text) {
@@ -54,4 +60,22 @@ QString readProgramFile(const QString& path) {
     const QByteArray bytes = readBytes(path);
     const int end = bytes.indexOf('\0');
     return textOf(end < 0 ? bytes : bytes.left(end));
+}
+
+void saveOutput(const QString& path, const GCode::OutputText& output) {
+    writeTextFile(path, GCode::savedText(output));
+    numberIfAsked(path, output);
+}
+
+QString rebuildOutput(const QString& path, const std::string& kept,
+                      const GCode::OutputText& output) {
+    writeTextFile(path, kept + GCode::appendedText(output));
+    numberIfAsked(path, output);
+    return readTextFile(path);
+}
+
+QString extendOutput(const QString& path, const GCode::OutputText& output) {
+    appendTextFile(path, GCode::appendedText(output));
+    numberIfAsked(path, output);
+    return readTextFile(path);
 }

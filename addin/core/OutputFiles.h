@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include "core/OutputText.h"
+
 // The panel's files: UTF-8, lines ended by a line feed. A file that can't be opened is passed over
 // in silence, whether to read or to write.
 
@@ -23,3 +25,14 @@ QString readTextFile(const QString& path);
 
 /// The text of the file up to its first zero byte.
 QString readProgramFile(const QString& path);
+
+/// Replaces the file's content by a program and its comment, if there is one.
+void saveOutput(const QString& path, const GCode::OutputText& output);
+
+/// Replaces the file's content by what the last save kept, with a program appended to it: what was
+/// appended since is gone. Gives the new content, as `readTextFile` does.
+QString rebuildOutput(const QString& path, const std::string& kept,
+                      const GCode::OutputText& output);
+
+/// Appends a program to the file as it is. Gives the new content, as `readTextFile` does.
+QString extendOutput(const QString& path, const GCode::OutputText& output);

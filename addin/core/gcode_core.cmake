@@ -17,6 +17,8 @@ add_library(gcode_core STATIC
   ${CMAKE_CURRENT_LIST_DIR}/LineNumbering.h
   ${CMAKE_CURRENT_LIST_DIR}/MotionLine.cpp
   ${CMAKE_CURRENT_LIST_DIR}/MotionLine.h
+  ${CMAKE_CURRENT_LIST_DIR}/OutputText.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/OutputText.h
   ${CMAKE_CURRENT_LIST_DIR}/Parameters.h
   ${CMAKE_CURRENT_LIST_DIR}/PathEntity.h
   ${CMAKE_CURRENT_LIST_DIR}/PathOrder.cpp

@@ -3,8 +3,10 @@
 #include "SamePrograms.h"
 
 #include <QByteArray>
+#include <QRegExp>
 #include <QString>
 #include <ctime>
+#include <utility>
 
 #include "FuzzCheck.h"
 #include "LiteralGCodeParser.h"
@@ -73,12 +75,22 @@ LiteralPath checkedLines(const QString& text, std::size_t maxVertices) {
     return result;
 }
 
+/// The number of the line in which a path was cut short, blank ones counted.
+void checkLineNumber(const PreviewPath& path, const QString& text) {
+    if (path.stop) {
+        const QString before = text.left(static_cast<int>(path.stop->offset));
+        const int lines = before.split(QRegExp("(\r\n)|(\n\r)|\r|\n")).size();
+        FUZZ_CHECK(path.stop->lineNumber == static_cast<std::size_t>(lines));
+    }
+}
+
 void checkText(const QString& text, std::size_t maxVertices) {
     const LiteralPath judge = checkedLines(text, maxVertices);
     const QByteArray utf8 = text.toUtf8();
     FUZZ_CHECK(holds(samePath(interpretInTime(view(utf8), maxVertices), view(utf8), judge)));
-    FUZZ_CHECK(
-        holds(samePathInUtf16(interpretInTime(QStringView(text), maxVertices), text, judge)));
+    PreviewPath path = interpretInTime(QStringView(text), maxVertices);
+    checkLineNumber(path, text);
+    FUZZ_CHECK(holds(samePathInUtf16(std::move(path), text, judge)));
 }
 
 /// Bytes that are no text hold no words, so that the path is that of the text made of the others.

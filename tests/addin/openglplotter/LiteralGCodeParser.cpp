@@ -22,6 +22,17 @@ const std::vector<std::string>& codes() {
     return letters;
 }
 
+/// Made once for each word: making it takes longer than all else.
+const QRegExp& wordPattern(const std::string& code) {
+    static std::map<std::string, QRegExp> patterns;
+    const auto [place, isNew] = patterns.try_emplace(code);
+    if (isNew) {
+        place->second = QRegExp(QString::fromStdString(code) + "([0-9.+-]+)", Qt::CaseSensitive,
+                                QRegExp::RegExp);
+    }
+    return place->second;
+}
+
 }  // namespace
 
 bool LiteralGCodeParser::findCode(const std::string& code) const {
@@ -29,9 +40,8 @@ bool LiteralGCodeParser::findCode(const std::string& code) const {
 }
 
 float LiteralGCodeParser::parseCode(const std::string& code) {
-    const QRegExp pattern(QString::fromStdString(code) + "([0-9.+-]+)", Qt::CaseSensitive,
-                          QRegExp::RegExp);
-    const int found = pattern.indexIn(QString::fromStdString(m_command));
+    const QRegExp& pattern = wordPattern(code);
+    const int found = pattern.indexIn(m_text);
     if (!findCode(code)) {
         return 0;
     }
@@ -55,6 +65,7 @@ void LiteralGCodeParser::cleanup() {
 void LiteralGCodeParser::parse(const std::string& cmd) {
     cleanup();
     m_command = cmd;
+    m_text = QString::fromStdString(cmd);
     for (const std::string& letter : codes()) {
         m_codeValues[letter] = parseCode(letter);
     }

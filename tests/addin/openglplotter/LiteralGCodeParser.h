@@ -44,6 +44,7 @@ private:
     std::size_t m_maxVertices;
     bool m_cutShort = false;
     std::string m_command;
+    QString m_text;  // the same
     std::map<std::string, float> m_codeValues;
     std::map<std::string, bool> m_seenCodes;
     int m_lastGCode = -1;
