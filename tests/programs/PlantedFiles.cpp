@@ -1,5 +1,5 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 #include "PlantedFiles.h"
 
 #include <sys/stat.h>
