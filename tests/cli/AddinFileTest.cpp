@@ -29,7 +29,7 @@ protected:
     QString folder() const { return QFileInfo(work.path("x")).path(); }
 
     const QString before = QDir::currentPath();
-    const WorkFolder work;
+    WorkFolder work;
 };
 
 TEST_F(AddinFile, IsTakenFromTheVariableAsAFileAFolderOrTheFirstOfSeveral) {
