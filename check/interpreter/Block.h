@@ -75,8 +75,10 @@ public:
 
     bool hasAxes() const { return (m_words & axisBits()) != 0; }
     static constexpr std::uint32_t bit(char letter) { return 1U << index(letter); }
+    // The distance from the origin and the angle.
+    static constexpr std::uint32_t polarBits() { return bit('@') | bit('^'); }
     static constexpr std::uint32_t axisBits() {
-        return bit('X') | bit('Y') | bit('Z') | bit('A') | bit('B') | bit('C');
+        return bit('X') | bit('Y') | bit('Z') | bit('A') | bit('B') | bit('C') | polarBits();
     }
 
     std::uint32_t line = 0;
@@ -86,6 +88,7 @@ public:
     int mCount = 0;
 
 private:
+    // Letters; besides them @ is the last and ^ the third last.
     static constexpr std::size_t index(char letter) {
         return static_cast<std::size_t>(letter - 'A') & 31U;
     }

@@ -80,6 +80,21 @@ bool checkRotaryAxes(const Block& block, int motion, Fault& fault) {
     return true;
 }
 
+bool checkPolar(const Block& block, Fault& fault) {
+    if (!block.hasAny(Block::polarBits())) {
+        return true;
+    }
+    const char letter = block.has('@') ? '@' : '^';
+    const int oneShot = block.g(GGroup::OneShot);
+    const bool isMotion =
+        !takesAxes(oneShot) && oneShot != 530 && block.g(GGroup::ToolLength) != 431;
+    if (isMotion && !block.has('X') && !block.has('Y')) {
+        return true;
+    }
+    return reject(fault, Rule::CodesClash, block.column(letter), std::string(1, letter),
+                  "a motion code that is not G53, and no X and Y beside it");
+}
+
 bool checkG53(const Block& block, int motion, Fault& fault) {
     if (block.g(GGroup::OneShot) != 530 || motion == 0 || motion == 10) {
         return true;
@@ -173,7 +188,8 @@ bool checkBlock(const Block& block, int mode, Fault& fault) {
         Block::bit('P') | Block::bit('Q') | Block::bit('R') | Block::bit('L') | Block::bit('I') |
         Block::bit('J') | Block::bit('K') | Block::bit('H') | Block::bit('D') | Block::bit('E');
     const int motion = motionOf(block, mode);
-    if (!checkAxes(block, mode, fault) || !checkRotaryAxes(block, motion, fault)) {
+    if (!checkAxes(block, mode, fault) || !checkRotaryAxes(block, motion, fault) ||
+        !checkPolar(block, fault)) {
         return false;
     }
     const bool hasPlainCodesOnly = !block.hasG(GGroup::OneShot) && block.mCount == 0;

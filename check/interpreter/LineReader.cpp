@@ -90,9 +90,10 @@ private:
                 return fail(Rule::Parameter, "numbers only");
             case '[':
                 return fail(Rule::Expression, "numbers only");
-            case '$':
             case '@':
             case '^':
+                return word(c);
+            case '$':
                 return fail(Rule::NotInterpretedCode, "a word of a three-axis mill");
             default:
                 return fail(Rule::UnknownCharacter, "a word or a comment");

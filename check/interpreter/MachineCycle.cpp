@@ -100,7 +100,7 @@ bool Machine::cycleWords(const Block& block, int motion, Fault& fault) {
 }
 
 bool Machine::cycleHoles(const Block& block, Cycle& cycle, Fault& fault) {
-    const auto [first, second, depth] = cycle.axes;
+    const std::size_t depth = cycle.axes.depth;
     const double before = m_isRelative ? m_initialLevel : 0;
     cycle.r = m_sticky.r + before;
     cycle.bottom = m_sticky.bottom + (m_isRelative ? cycle.r : 0);
@@ -123,13 +123,10 @@ bool Machine::cycleHoles(const Block& block, Cycle& cycle, Fault& fault) {
     cycle.clear = m_retractsToR ? cycle.r : initial;
     cycle.level = m_retractsToR ? m_position[depth] : std::max(m_position[depth], initial);
     Axes at = target(block);
-    const double firstStep = m_isRelative ? at[first] - m_position[first] : 0;
-    const double secondStep = m_isRelative ? at[second] - m_position[second] : 0;
     const double repeats = std::round(block.valueOr('L', 1));
     for (double i = 0; i < repeats; ++i) {
-        if (i > 0) {
-            at[first] += firstStep;
-            at[second] += secondStep;
+        if (i > 0 && m_isRelative) {
+            at = targetFrom(at, block);
         }
         at[depth] = cycle.level;
         Motion across = step(MotionKind::Rapid);

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: MIT
 // What moves along straight lines: G0, G1, G53, G28, G30.
+#include <cmath>
+
 #include "interpreter/BlockRules.h"
 #include "interpreter/Machine.h"
 #include "interpreter/Units.h"
@@ -59,14 +61,42 @@ bool Machine::goHome(const Block& block, const Axes& home, Fault& fault) {
     return pushMove(motion, to, fault);
 }
 
-Axes Machine::target(const Block& block) const {
-    Axes result = m_position;
+Axes Machine::targetFrom(const Axes& from, const Block& block) const {
+    Axes result = from;
     for (std::size_t i = 0; i < result.size(); ++i) {
         if (block.has(kLetters[i])) {
-            result[i] = block.value(kLetters[i]) + (m_isRelative ? m_position[i] : 0);
+            result[i] = block.value(kLetters[i]) + (m_isRelative ? from[i] : 0);
         }
     }
+    if (block.hasAny(Block::polarBits())) {
+        setPolar(block, result);
+    }
     return result;
+}
+
+// What is not named is that of the point where `to` stands.
+void Machine::setPolar(const Block& block, Axes& to) const {
+    double distance = std::hypot(to[0], to[1]);
+    double angle = std::atan2(to[1], to[0]);
+    if (block.has('@')) {
+        distance = block.value('@') + (m_isRelative ? distance : 0);
+    }
+    if (block.has('^')) {
+        angle = block.value('^') * kRadiansPerDegree + (m_isRelative ? angle : 0);
+    }
+    to[0] = distance * std::cos(angle);
+    to[1] = distance * std::sin(angle);
+}
+
+// The origin lies in no direction.
+bool Machine::checkPolar(const Block& block, Fault& fault) const {
+    if (!block.hasAny(Block::polarBits()) || m_position[0] != 0 || m_position[1] != 0 ||
+        (!m_isRelative && block.has('^'))) {
+        return true;
+    }
+    const char letter = block.has('@') ? '@' : '^';
+    return reject(fault, Rule::ModeForbids, block.column(letter), std::string(1, letter),
+                  m_isRelative ? "a position away from the origin" : "^ too, at the origin");
 }
 
 // G53: the coordinates are the machine's, without any offset.
@@ -92,7 +122,10 @@ bool Machine::move(const Block& block, Fault& fault) {
         }
         return true;
     }
-    bool isDone = false;
+    bool isDone = checkPolar(block, fault);
+    if (!isDone) {
+        return false;
+    }
     if (isCycle(motion)) {
         isDone = cycle(block, motion, fault);
     } else {
