@@ -2,23 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "kxAddinConnection.h"
 
-#include <memory>
-
 #include <QVBoxLayout>
 #include <QWidget>
 
-#include <kx/kxAddin.h>
-
-#include "Logger.h"
 #include "miscellaneous.h"
 
 namespace {
-
-/// Created, emptied and kept open while the library is loaded; for diagnostics.
-Logger g_logger(QString::fromLatin1("GCodeAddin.log"));
-
-/// The add-in, from connection to disconnection.
-std::unique_ptr<DockWidgetApplication> g_application;
 
 constexpr int kPaneMinimumWidth = 370;
 constexpr long kPaneFlags = kxCustomPropertyControl_MayClose | kxCustomPropertyControl_MayFloat;
@@ -30,23 +19,6 @@ DockWidgetApplication* applicationOf(void* owner) {
 }
 
 }  // namespace
-
-bool connectToKestrix(kxApplication_c* application, const kxString& appID) {
-    if (application == nullptr || g_application) {
-        return false;
-    }
-    g_application = std::make_unique<DockWidgetApplication>(application, appID);
-    if (!g_application->hasPanel()) {
-        g_application.reset();
-    }
-    return g_application != nullptr;
-}
-
-bool disconnectFromKestrix() {
-    const bool connected = g_application != nullptr;
-    g_application.reset();
-    return connected;
-}
 
 DockWidgetApplication::DockWidgetApplication(kxApplication_c* application,
                                              const kxString& applicationID)

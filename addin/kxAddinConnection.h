@@ -46,6 +46,8 @@ public:
     bool hasPanel() const { return !gcodewidget.isNull(); }
 
 private:
+    friend struct DockWidgetApplicationState;
+
     void insertMenuItems(const kxString& userCommandID);
 
     kxCustomPropertyControl_ptr m_dockwidget;

@@ -8,5 +8,7 @@ enum ExitCode {
     kExitWrongUsage = 1,
     kExitUnreadableInput = 2,
     kExitNothingToWrite = 3,
-    kExitUnwritableOutput = 4
+    kExitUnwritableOutput = 4,
+    /// By a check; the program is written all the same.
+    kExitErrorsFound = 5
 };

@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "AddinFile.h"
+#include "DrawingFile.h"
 #include "ExitCode.h"
 #include "FileNames.h"
 #include "Message.h"
@@ -15,9 +16,9 @@
 #include "Summary.h"
 #include "TextFile.h"
 #include "ViewPicture.h"
-#include "drawing/DxfReader.h"
-#include "drawing/Explode.h"
-#include "drawing/Selectable.h"
+#include "drawing/CheckShapes.h"
+#include "drawing/Numbers.h"
+#include "report/TextReport.h"
 
 namespace {
 
@@ -54,6 +55,8 @@ private:
     int makeProgram();
     int saveProgram(const QByteArray& program);
     int writeProgram() const;
+    int checkProgram() const;
+    gcode_check::CheckOptions checkOptions() const;
     bool changesWhenSaved() const;
 
     bool fillToolPath();
@@ -107,26 +110,12 @@ int Generation::readTexts() {
 }
 
 int Generation::readDrawing() {
-    kxdrawing::ReadResult result = kxdrawing::readDxf(m_options.drawing);
-    if (!result.drawing) {
-        return sayFailure(kExitUnreadableInput, result.error.toText());
+    std::optional<kxdrawing::Drawing> drawing =
+        readDrawingFile(m_options.drawing, wordsFor(m_options.report, m_options.quiet));
+    if (!drawing) {
+        return kExitUnreadableInput;
     }
-    m_drawing = std::move(*result.drawing);
-    if (m_options.report) {
-        std::cerr << m_drawing.report.toText();
-        return kExitWritten;
-    }
-    for (const std::string& note : m_drawing.report.notes()) {
-        tell(note);
-    }
-    long leftOut = m_drawing.report.totals().leftOut;
-    for (const kxdrawing::ImportRow& row : m_drawing.report.rowsInBlocks()) {
-        leftOut += row.outcome == kxdrawing::ImportOutcome::LeftOut ? row.count : 0;
-    }
-    if (leftOut > 0) {
-        sayLine("left out of the drawing: " + std::to_string(leftOut) +
-                "; --report says what and why");
-    }
+    m_drawing = *std::move(drawing);
     return kExitWritten;
 }
 
@@ -148,23 +137,13 @@ int Generation::connectAddin() {
 }
 
 int Generation::selectObjects() {
-    kxdrawing::ObjectFilter filter;
     std::string unknown;
-    filter.layers = layersOf(m_document->GetLayers(), m_options.layers, &unknown);
+    const std::vector<kxObject_ptr> chosen =
+        chooseObjects(*m_document, m_options.objects, &unknown);
     if (!unknown.empty()) {
-        return sayFailure(kExitNothingToWrite, m_options.drawing + ": " + unknown);
+        return sayFailure(kExitNothingToWrite,
+                          m_options.drawing + ": nothing to write, " + unknown);
     }
-    for (const std::string& type : m_options.types) {
-        for (const kxObjectType_e code : {kxLineType, kxCircleArcType, kxCircleType, kxPointType}) {
-            if (typeName(code) == type) {
-                filter.types.push_back(code);
-            }
-        }
-    }
-    if (m_options.explode) {
-        kxdrawing::explode(*m_document, m_document->GetObjects(), m_options.tolerance);
-    }
-    const std::vector<kxObject_ptr> chosen = kxdrawing::selectableObjects(*m_document, filter);
     m_document->SetSelection(kxSelectionSetType_Current, chosen);
     const std::string noPath = noToolPathLine(chosen);
     if (!noPath.empty()) {
@@ -267,6 +246,26 @@ int Generation::saveProgram(const QByteArray& program) {
     return kExitWritten;
 }
 
+gcode_check::CheckOptions Generation::checkOptions() const {
+    gcode_check::CheckOptions options = checkOptionsOf(m_options.check);
+    options.plungeFeed =
+        kxdrawing::parseReal(m_options.mode == Mode::Drill ? m_options.drillFeed : m_options.feedZ);
+    return options;
+}
+
+int Generation::checkProgram() const {
+    const gcode_check::Drawing drawing =
+        kxdrawing::checkShapes(m_document->GetSelection(kxSelectionSetType_Current),
+                               m_drawing.isUnitKnown ? std::optional(m_drawing.unit) : std::nullopt)
+            .drawing;
+    const std::string_view program(m_program.constData(),
+                                   static_cast<std::size_t>(m_program.size()));
+    const gcode_check::CheckResult result = gcode_check::check(program, checkOptions(), &drawing);
+    std::cerr << gcode_check::textReport(
+        result, headOf(m_options.output, "standard output", m_options.drawing));
+    return exitCodeOf(result);
+}
+
 int Generation::writeProgram() const {
     std::string error;
     if (!writeOutput(m_options.output, m_program, &error)) {
@@ -276,13 +275,14 @@ int Generation::writeProgram() const {
         tell("Written: " + m_options.output + ", " + std::to_string(m_program.count('\n')) +
              " lines");
     }
+    const int found = m_options.isChecked ? checkProgram() : kExitWritten;
     if (!m_options.preview.empty()) {
         if (!writeViewPicture(m_host.pane(), m_options.preview, &error)) {
             return sayFailure(kExitUnwritableOutput, error);
         }
         tell("Written: " + m_options.preview);
     }
-    return kExitWritten;
+    return found;
 }
 
 }  // namespace

@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "ObjectChoice.h"
+#include "ProgramCheck.h"
+
 enum class Mode { ToolPath, Drill };
 enum class Cycle { G81 = 0, G82 = 1, G83 = 2 };
 enum class Motion { Relative = 0, Absolute = 1 };
@@ -17,8 +20,7 @@ struct Options {
     std::string drawing;
     /// Empty or "-": standard output.
     std::string output;
-    std::vector<std::string> layers;
-    std::vector<std::string> types;
+    ObjectChoice objects;
     Mode mode = Mode::ToolPath;
     Cycle cycle = Cycle::G81;
     Motion motion = Motion::Absolute;
@@ -42,9 +44,9 @@ struct Options {
     std::string settingsFile;
     std::string comment;
     bool lineNumbers = false;
-    bool explode = true;
-    /// The chord tolerance in drawing units.
-    double tolerance = 0.01;
+    /// Whether the program is checked once it is written.
+    bool isChecked = false;
+    CheckSettings check;
     bool report = false;
     bool quiet = false;
     /// Where the view's picture goes; empty: nowhere.
@@ -61,6 +63,24 @@ struct ViewOptions {
     std::string addin;
 };
 
+/// What `kxgcode check` is asked for.
+struct CheckCommandOptions {
+    /// "-": standard input.
+    std::string program;
+    /// Empty: the program is read without one.
+    std::string drawing;
+    ObjectChoice objects;
+    /// Instead of what the drawing's file says.
+    std::optional<Unit> drawingUnit;
+    CheckSettings check;
+    std::optional<double> plungeFeed;
+    Unit startUnit = Unit::Millimetre;
+    bool blockDelete = false;
+    bool json = false;
+    bool report = false;
+    bool quiet = false;
+};
+
 /// Either options to work with, or the exit code to end with at once: help or version was printed
 /// on standard output, or what is wrong on standard error.
 template <class Wanted>
@@ -69,14 +89,17 @@ struct Parsed {
     std::optional<int> exitCode;
 };
 
-/// Whether the command line begins with the word "view".
-bool asksForView(int argc, char** argv);
+/// Whether the command line begins with the word of a command, such as "view".
+bool asksFor(const std::string& command, int argc, char** argv);
 
 /// Reads the command line and the settings file it may name.
 Parsed<Options> parseOptions(int argc, char** argv);
 
 /// Reads the command line of `kxgcode view`.
 Parsed<ViewOptions> parseViewOptions(int argc, char** argv);
+
+/// Reads the command line of `kxgcode check`.
+Parsed<CheckCommandOptions> parseCheckOptions(int argc, char** argv);
 
 /// The options that the mode needs and nobody gave, as they are written on the command line.
 std::vector<std::string> missingOptions(const Options& options);

@@ -28,7 +28,7 @@ std::vector<kxString> layersOf(const std::vector<kxLayer>& layers,
             found.push_back(layer->name);
             continue;
         }
-        *unknown = "nothing to write, there is no layer " + name + "; there are:";
+        *unknown = "there is no layer " + name + "; there are:";
         for (const kxLayer& known : layers) {
             *unknown += " " + known.name.toUtf8();
         }

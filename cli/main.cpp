@@ -8,6 +8,7 @@
 #include <iostream>
 #include <string>
 
+#include "CheckCommand.h"
 #include "ExitCode.h"
 #include "GenerateCommand.h"
 #include "Message.h"
@@ -57,13 +58,23 @@ void prepareToolkit(bool needsDisplay) {
                        QString::fromLatin1("/dev/null"));
 }
 
+/// Ends with a code after help or version was printed, or what is wrong.
+int endAtOnce(int code) {
+    const bool isTold = std::cout.flush().good();
+    return isTold ? code
+                  : sayFailure(kExitUnwritableOutput, "standard output: it can't be written");
+}
+
+template <class Wanted>
+int runWithoutToolkit(const Parsed<Wanted>& parsed, int (*command)(const Wanted&)) {
+    return parsed.exitCode ? endAtOnce(*parsed.exitCode) : command(parsed.options);
+}
+
 /// Runs a command with its options in an application of its own.
 template <class Wanted>
 int run(const Parsed<Wanted>& parsed, int (*command)(const Wanted&), char** argv) {
     if (parsed.exitCode) {
-        const bool isTold = std::cout.flush().good();
-        return isTold ? *parsed.exitCode
-                      : sayFailure(kExitUnwritableOutput, "standard output: it can't be written");
+        return endAtOnce(*parsed.exitCode);
     }
     const bool needsDisplay = !parsed.options.preview.empty();
     std::string error;
@@ -83,7 +94,10 @@ int main(int argc, char** argv) {
     occupyStandardStreams();
     // A limit of file size is to be said, not to end the program.
     std::signal(SIGXFSZ, SIG_IGN);
+    if (asksFor("check", argc, argv)) {
+        return runWithoutToolkit(parseCheckOptions(argc, argv), &checkProgramFile);
+    }
     // The options are read before the toolkit takes over the locale and options of its own.
-    return asksForView(argc, argv) ? run(parseViewOptions(argc, argv), &viewProgram, argv)
-                                   : run(parseOptions(argc, argv), &generateProgram, argv);
+    return asksFor("view", argc, argv) ? run(parseViewOptions(argc, argv), &viewProgram, argv)
+                                       : run(parseOptions(argc, argv), &generateProgram, argv);
 }

@@ -9,7 +9,8 @@
 #include "core/OutputText.h"
 
 // The panel's files: UTF-8, lines ended by a line feed. A file that can't be opened is passed over
-// in silence, whether to read or to write.
+// in silence, whether to read or to write. So is what would be waited for or has no end: a pipe,
+// and to read a device or more than 1,000,000,000 bytes.
 
 /// Replaces the file's content.
 void writeTextFile(const QString& path, const std::string& text);
@@ -17,7 +18,8 @@ void writeTextFile(const QString& path, const std::string& text);
 /// Adds to the end of the file.
 void appendTextFile(const QString& path, const std::string& text);
 
-/// Numbers all lines of the file: N5, N10, N15, … A byte order mark is dropped.
+/// Numbers all lines of the file: N5, N10, N15, … A byte order mark is dropped. Where the disk has
+/// no room for the numbers the file stays without.
 void numberFileLines(const QString& path);
 
 /// The whole text of the file, without a byte order mark; empty when it can't be read.

@@ -14,7 +14,8 @@ namespace gcode_check {
 struct CheckOptions {
     double surfaceZ = 0;      // the material's top, in program coordinates
     double tolerance = 0.02;  // how far from an object a cut may lie
-    // How much the two radii of an arc may differ; none: what the interpreter's controller takes
+    // How much the two radii of an arc may differ; none: 0.005 mm or a thousandth of the radius,
+    // whichever is more, as simple controllers have it
     std::optional<double> arcRadiusTolerance;
     double rapidRate = 5000;  // millimetres a minute, for the estimate of time
     // The feed of strokes straight down, where the settings are known; none: what the program's

@@ -74,6 +74,17 @@ double partBelow(const Step& step, double surface) {
     return std::clamp(depth / std::abs(step.to.z - step.from.z), 0.0, 1.0);
 }
 
+// A straight move without what of it lies above the surface.
+Step belowOnly(Step step, double part, double surface) {
+    if (step.motion->kind == MotionKind::Arc || part == 1) {
+        return step;
+    }
+    Point& above = step.from.z > step.to.z ? step.from : step.to;
+    const Point& below = step.from.z > step.to.z ? step.to : step.from;
+    above = {below.x + (above.x - below.x) * part, below.y + (above.y - below.y) * part, surface};
+    return step;
+}
+
 }  // namespace
 
 void FigureCount::step(const Step& step) {
@@ -126,7 +137,11 @@ void FigureCount::feed(const Step& step, double length) {
     const double part = partBelow(step, m_setting.surface);
     if (part > 0) {
         m_figures.cutLength += length * part;
-        include(m_figures.cutting, step);
+        Box cut;
+        include(cut, belowOnly(step, part, m_setting.surface));
+        cut.max.z = std::min(cut.max.z, m_setting.surface);
+        include(m_figures.cutting, cut.min);
+        include(m_figures.cutting, cut.max);
         m_lowest = std::min(m_lowest, step.lowest - m_setting.surface);
     }
 }

@@ -60,6 +60,15 @@ PlanePoint onDrawing(const Setting& setting, const Point& place) {
 
 }  // namespace
 
+ArcRadii radiiOf(const Step& arc) {
+    const Plane plane = arc.motion->plane;
+    const Point from = toPlane(plane, arc.from);
+    const Point to = toPlane(plane, arc.to);
+    const Point centre = toPlane(plane, arc.centre);
+    return {std::hypot(from.x - centre.x, from.y - centre.y),
+            std::hypot(to.x - centre.x, to.y - centre.y)};
+}
+
 ArcSpan spanOf(const Step& arc) {
     const Plane plane = arc.motion->plane;
     const Point from = toPlane(plane, arc.from);

@@ -44,6 +44,11 @@ struct ArcSpan {
     double endRadius = 0;
 };
 ArcSpan spanOf(const Step& arc);
+struct ArcRadii {
+    double start = 0;
+    double end = 0;
+};
+ArcRadii radiiOf(const Step& arc);
 Point pointOn(const Step& arc, const ArcSpan& span, double t);
 
 // Motions one after the other as steps.

@@ -105,8 +105,11 @@ bool boxesMeet(const PlaneBox& a, const PlaneBox& b, double reach) {
 }
 
 Curve shapeArc(const Shape& shape) {
+    // Angles a full turn apart differ by a little more than that now and then.
+    constexpr double kLeastSweep = 1e-9;
     const double sweep = wholeTurn(shape.endRad - shape.startRad);
-    return arcCurve(shape.centre, shape.radius, shape.startRad, sweep == 0 ? 2 * kPi : sweep);
+    return arcCurve(shape.centre, shape.radius, shape.startRad,
+                    sweep < kLeastSweep ? 2 * kPi : sweep);
 }
 
 }  // namespace

@@ -25,6 +25,9 @@ void addFinding(std::string& text, const Finding& finding) {
         text += "program";
     } else {
         text += "line " + std::to_string(finding.line);
+        if (finding.column != 0) {
+            text += ", column " + std::to_string(finding.column);
+        }
     }
     text += std::string(": ") + nameOf(finding.severity) + ": " + finding.sentence + " [" +
             identifierOf(finding.kind) + "]\n";

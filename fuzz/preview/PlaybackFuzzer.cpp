@@ -19,27 +19,34 @@ float number(ByteReader* input) {
                                 : static_cast<float>(input->value<std::int16_t>()) / 16;
 }
 
+/// Often along an axis, where lengths are exact.
 Point3d point(ByteReader* input) {
+    const bool isOnAxis = input->flag();
     const float x = number(input);
-    const float y = number(input);
-    return {x, y, number(input)};
+    const float y = isOnAxis ? 0 : number(input);
+    return {x, y, isOnAxis ? 0 : number(input)};
 }
 
 QMatrix4x4 projection(ByteReader* input) {
-    if (input->flag()) {
+    QMatrix4x4 matrix;
+    const std::size_t kind = input->below(3);
+    if (kind == 1) {
         const double size = number(input);
         return fittedProjection(size, number(input));
     }
-    QMatrix4x4 matrix;
-    for (int i = 0; i < 16; ++i) {
+    for (int i = 0; i < 16 && kind == 2; ++i) {
         matrix.data()[i] = number(input);
     }
     return matrix;
 }
 
+/// A power of two, with which steps may land on the end, one of the slider's, or any bits.
 double stepLength(ByteReader* input) {
     const std::uint8_t kind = input->byte();
-    return kind < 200 ? changedStepLength(number(input), kind - 100) : input->value<double>();
+    if (kind < 100) {
+        return std::ldexp(1.0, kind % 20 - 12);
+    }
+    return kind < 200 ? changedStepLength(number(input), kind - 150) : input->value<double>();
 }
 
 }  // namespace

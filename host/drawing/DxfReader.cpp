@@ -58,6 +58,7 @@ ReadResult readChecked(const std::string& path, const ReadOptions& options) {
     const UnitDecision unit = decideUnit(model.insertUnits, model.measurement);
     Drawing drawing;
     drawing.unit = unit.unit;
+    drawing.isUnitKnown = unit.isKnown;
     drawing.scale = unit.scale;
     drawing.report.addNote(unit.note);
     if (!scanner.hadSection("ENTITIES")) {

@@ -30,6 +30,8 @@ struct Drawing {
     std::vector<kxLayer> layers;
     /// 0 inches, 1 millimetres.
     short unit = 1;
+    /// Whether the file names a unit; otherwise millimetres are assumed.
+    bool isUnitKnown = false;
     /// The factor that brought the file's numbers to that unit.
     double scale = 1;
     ImportReport report;

@@ -49,7 +49,7 @@ constexpr std::array<LengthUnit, 24> kUnits = {{
 
 UnitDecision fromMeasurement(std::optional<int> measurement, const std::string& prefix) {
     if (!measurement) {
-        return {kUnitMillimetres, 1, prefix + "no unit in the file, millimetres assumed"};
+        return {kUnitMillimetres, 1, prefix + "no unit in the file, millimetres assumed", false};
     }
     if (*measurement == 0) {
         return {kUnitInches, 1, prefix + "unit: inches (from $MEASUREMENT)"};

@@ -17,6 +17,8 @@ struct UnitDecision {
     double scale = 1;
     /// A sentence for the report.
     std::string note;
+    /// Whether the file says so; otherwise it is assumed.
+    bool isKnown = true;
 };
 
 /// Decides from $INSUNITS and, where that is absent or 0, from $MEASUREMENT.

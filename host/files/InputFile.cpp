@@ -3,6 +3,7 @@
 #include "files/InputFile.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -54,6 +55,15 @@ bool failToRead(std::string* cause) {
     return false;
 }
 
+/// Whether it is worth trying again after a failure.
+bool mayReadOn(int handle) {
+    if (errno == EAGAIN || errno == EWOULDBLOCK) {
+        pollfd waiting{handle, POLLIN, 0};
+        return poll(&waiting, 1, -1) > 0 || errno == EINTR;
+    }
+    return errno == EINTR;
+}
+
 }  // namespace
 
 FileDescriptor openInput(const std::string& path, std::string* cause) {
@@ -84,20 +94,22 @@ bool isReadable(const FileDescriptor& file, std::size_t limit, std::string* caus
 bool readInput(const std::string& path, std::size_t limit, std::string* content,
                std::string* cause) {
     const FileDescriptor file = openInput(path, cause);
-    if (!file) {
-        return false;
-    }
+    return file && readStream(file.handle(), limit, content, cause);
+}
+
+bool readStream(int handle, std::size_t limit, std::string* content, std::string* cause) {
     content->clear();
     for (;;) {
         const std::size_t size = content->size();
         content->resize(size + kChunk);
-        const ssize_t count = ::read(file.handle(), content->data() + size, kChunk);
+        const ssize_t count = ::read(handle, content->data() + size, kChunk);
+        const bool failed = count < 0 && !mayReadOn(handle);
         content->resize(size + static_cast<std::size_t>(count > 0 ? count : 0));
+        if (failed) {
+            return failToRead(cause);
+        }
         if (isTooLong(content->size(), limit, cause)) {
             return false;
-        }
-        if (count < 0 && errno != EINTR) {
-            return failToRead(cause);
         }
         if (count == 0) {
             return true;

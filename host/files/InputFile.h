@@ -21,4 +21,7 @@ bool isReadable(const FileDescriptor& file, std::size_t limit, std::string* caus
 bool readInput(const std::string& path, std::size_t limit, std::string* content,
                std::string* cause);
 
+/// The same of a stream that is open, such as standard input: waits until its end.
+bool readStream(int handle, std::size_t limit, std::string* content, std::string* cause);
+
 }  // namespace kxfiles

@@ -84,4 +84,17 @@ std::string printable(std::string_view text) {
     return shown;
 }
 
+std::size_t firstLineOfNoText(std::string_view text) {
+    std::size_t line = 1;
+    while (!text.empty()) {
+        const std::size_t length = sequenceLength(static_cast<unsigned char>(text.front()));
+        if (length == 0 || length > text.size() || decode(text.substr(0, length)) == 0) {
+            return line;
+        }
+        line += text.front() == '\n' ? 1 : 0;
+        text.remove_prefix(length);
+    }
+    return 0;
+}
+
 }  // namespace kxfiles

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -12,5 +13,9 @@ namespace kxfiles {
 /// written as "\n", "\t", "\r" or "\x1b". All else, backslashes included, stays; so what is
 /// printable already is not changed.
 std::string printable(std::string_view text);
+
+/// The number, from 1, of the first line that holds a zero byte or bytes that are not UTF-8; 0 when
+/// all of it is text.
+std::size_t firstLineOfNoText(std::string_view text);
 
 }  // namespace kxfiles

@@ -11,6 +11,7 @@
 
 #include "view/DrawingView.h"
 #include "window/MessageBar.h"
+#include "window/ShownName.h"
 
 namespace {
 
@@ -74,7 +75,7 @@ bool DrawingTab::onDestroyed(void* owner) {
 }
 
 QString DrawingTab::name() const {
-    return QFileInfo(m_path).fileName();
+    return shownName(QFileInfo(m_path).fileName());
 }
 
 void DrawingTab::take(const kxdrawing::Drawing& drawing) {

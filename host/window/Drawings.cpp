@@ -19,6 +19,7 @@
 #include "window/ReadWithProgress.h"
 #include "window/RecentFiles.h"
 #include "window/SelectionKeeper.h"
+#include "window/ShownName.h"
 #include "window/WhenIdle.h"
 
 namespace {
@@ -28,6 +29,19 @@ QString wholePath(const QString& path) {
     const QFileInfo file(path);
     const QString canonical = file.canonicalFilePath();
     return canonical.isEmpty() ? file.absoluteFilePath() : canonical;
+}
+
+QString nameOf(const QString& path) {
+    return shownName(QFileInfo(path).fileName());
+}
+
+/// The cause, for the user.
+QString causeOf(const kxdrawing::ReadResult& result, const QString& file) {
+    const QString cause = QString::fromStdString(result.error.toText());
+    // So the toolkit hands on what it can't read in a name; no file has that name then.
+    const bool isBroken = file.contains(QChar(QChar::ReplacementCharacter));
+    return isBroken ? Drawings::tr("%1 (files are opened by names that are UTF-8 text)").arg(cause)
+                    : cause;
 }
 
 }  // namespace
@@ -74,10 +88,10 @@ void Drawings::openAll(const QStringList& paths) {
                 tellOpened(*current(), tr("%1: %2"));
                 break;
             case Opening::WasOpen:
-                Q_EMIT said(tr("%1 is open already.").arg(QFileInfo(path).fileName()));
+                Q_EMIT said(tr("%1 is open already.").arg(nameOf(path)));
                 break;
             case Opening::Cancelled:
-                Q_EMIT said(tr("%1 was not opened: cancelled.").arg(QFileInfo(path).fileName()));
+                Q_EMIT said(tr("%1 was not opened: cancelled.").arg(nameOf(path)));
                 break;
             case Opening::Failed:
                 causes.append(error);
@@ -107,7 +121,7 @@ Drawings::Opening Drawings::openNow(const QString& path, QString* error) {
         if (!QFileInfo::exists(file)) {
             m_parts.recent->remove(file);
         }
-        *error = result ? QString::fromStdString(result->error.toText()) : QString();
+        *error = result ? causeOf(*result, file) : QString();
         return result ? Opening::Failed : Opening::Cancelled;
     }
     auto* tab = new DrawingTab(m_parts.session->application()->AddDocument(toKxString(file), true),

@@ -1,18 +1,22 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Commands about files: drawings, pictures, add-ins, and the end of the program.
+#include <QBuffer>
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QTimer>
 
 #include "commandline/CommandTable.h"
+#include "files/OutputFile.h"
 #include "view/DrawingView.h"
 #include "window/DrawingTab.h"
 #include "window/Drawings.h"
 #include "window/HostParts.h"
 #include "window/HostSession.h"
+#include "window/ShownName.h"
 
 namespace {
 
@@ -35,6 +39,18 @@ void open(const HostParts& parts, const CommandArguments& files) {
     parts.drawings->open(chosen);
 }
 
+/// Replaces a file only by a whole picture.
+bool writePicture(const QPixmap& picture, const QString& file, std::string* cause) {
+    const QByteArray format = QFileInfo(file).suffix().toLatin1();
+    QBuffer buffer;
+    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, format.constData())) {
+        *cause = "no format of pictures has this ending";
+        return false;
+    }
+    return kxfiles::replaceFile(QFile::encodeName(file).toStdString(), buffer.data().toStdString(),
+                                cause);
+}
+
 void savePicture(const HostParts& parts, DrawingTab& tab, const CommandArguments& arguments) {
     QString file = arguments.value(0);
     if (file.isEmpty()) {
@@ -49,10 +65,12 @@ void savePicture(const HostParts& parts, DrawingTab& tab, const CommandArguments
     if (QFileInfo(file).suffix().isEmpty()) {
         file += ".png";
     }
-    if (tab.view()->grab().save(file)) {
-        parts.say(tr("The picture is saved: %1").arg(file));
+    std::string cause;
+    if (writePicture(tab.view()->grab(), file, &cause)) {
+        parts.say(tr("The picture is saved: %1").arg(shownName(file)));
     } else {
-        parts.complain(tr("The picture can't be written: %1").arg(file));
+        parts.complain(tr("The picture can't be written: %1: %2")
+                           .arg(shownName(file), QString::fromStdString(cause)));
     }
 }
 
@@ -67,9 +85,9 @@ void loadAddin(const HostParts& parts, const CommandArguments& arguments) {
     }
     QString error;
     if (parts.session->loadAddin(QFileInfo(file).absoluteFilePath(), &error)) {
-        parts.say(tr("Add-in loaded: %1").arg(file));
+        parts.say(tr("Add-in loaded: %1").arg(shownName(file)));
     } else {
-        parts.complain(tr("The add-in can't be loaded: %1").arg(error));
+        parts.complain(tr("The add-in can't be loaded: %1").arg(shownName(error)));
     }
 }
 

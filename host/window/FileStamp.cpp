@@ -7,6 +7,8 @@
 #include <QCryptographicHash>
 #include <QFile>
 
+#include "files/InputFile.h"
+
 FileStamp FileStamp::of(const QString& path) {
     struct stat status {};
     if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
@@ -19,9 +21,15 @@ FileStamp FileStamp::of(const QString& path) {
 
 FileContent FileContent::of(const QString& path) {
     FileContent content{FileStamp::of(path), {}};
-    QFile file(path);
-    if (content.stamp.exists && content.stamp.size < kMaxDigested &&
-        file.open(QIODevice::ReadOnly)) {
+    if (!content.stamp.exists || content.stamp.size >= kMaxDigested) {
+        return content;
+    }
+    // Something else may have the name now, such as a pipe or a device that never ends.
+    std::string cause;
+    kxfiles::FileDescriptor input =
+        kxfiles::openInput(QFile::encodeName(path).toStdString(), &cause);
+    QFile file;
+    if (input && file.open(input.handle(), QIODevice::ReadOnly)) {
         QCryptographicHash digest(QCryptographicHash::Sha1);
         if (digest.addData(&file)) {
             content.digest = digest.result();

@@ -11,6 +11,23 @@ QString keyOf(const QString& path) {
     return QFileInfo(path).absoluteFilePath();
 }
 
+/// From the root downwards: a folder that is made just after it was looked for is noticed by the
+/// one above, which is watched by then.
+QStringList foldersAbove(const QString& file) {
+    QStringList folders;
+    QString folder = file;
+    while (folder != "/") {
+        folder = QFileInfo(folder).absolutePath();
+        folders.prepend(folder);
+    }
+    return folders;
+}
+
+std::optional<std::uint64_t> inodeOf(const QString& folder) {
+    const FileStamp stamp = FileStamp::of(folder);
+    return stamp.exists ? std::optional(stamp.inode) : std::nullopt;
+}
+
 }  // namespace
 
 FileWatch::FileWatch(QObject* parent) : QObject(parent) {
@@ -27,17 +44,17 @@ void FileWatch::add(const QString& path) {
     }
     Watched watched;
     watched.path = path;
-    watched.folder = QFileInfo(file).absolutePath();
+    watched.folders = foldersAbove(file);
     watched.quiet = new QTimer(this);
     watched.quiet->setSingleShot(true);
     watched.quiet->setInterval(kQuietMs);
     connect(watched.quiet, &QTimer::timeout, this, [this, file] { judge(file); });
+    Watched& kept = m_files.emplace(file, watched).first->second;
     // Watched first and looked at then: what happens in between is noticed.
-    m_watcher.addPath(watched.folder);
+    watchFolders();
     watchAgain(file);
-    watched.known = FileContent::of(file);
-    watched.seen = watched.known.stamp;
-    m_files.emplace(file, watched);
+    kept.known = FileContent::of(file);
+    kept.seen = kept.known.stamp;
 }
 
 void FileWatch::remove(const QString& path) {
@@ -45,16 +62,41 @@ void FileWatch::remove(const QString& path) {
     if (found == m_files.end()) {
         return;
     }
-    const QString folder = found->second.folder;
     delete found->second.quiet;
     m_watcher.removePath(found->first);
     m_files.erase(found);
+    forgetFolders();
+}
+
+void FileWatch::forgetFolders() {
+    std::map<QString, std::optional<std::uint64_t>> needed;
     for (const auto& [file, watched] : m_files) {
-        if (watched.folder == folder) {
-            return;
+        for (const QString& folder : watched.folders) {
+            needed.insert(*m_folders.find(folder));
         }
     }
-    m_watcher.removePath(folder);
+    for (const auto& [folder, inode] : m_folders) {
+        if (needed.count(folder) == 0) {
+            m_watcher.removePath(folder);
+        }
+    }
+    m_folders = needed;
+}
+
+void FileWatch::watchFolders() {
+    for (const auto& [file, watched] : m_files) {
+        for (const QString& folder : watched.folders) {
+            const auto known = m_folders.find(folder);
+            const std::optional<std::uint64_t> now = inodeOf(folder);
+            // A folder that was removed has lost its watch, and the next one may get its number.
+            const bool isWatched = known != m_folders.end() && known->second == now &&
+                                   (!now || m_watcher.directories().contains(folder));
+            if (!isWatched) {
+                m_watcher.removePath(folder);
+                m_folders[folder] = now && m_watcher.addPath(folder) ? now : std::nullopt;
+            }
+        }
+    }
 }
 
 void FileWatch::accept(const QString& path) {
@@ -84,9 +126,10 @@ void FileWatch::noticeFile(const QString& file) {
 }
 
 void FileWatch::noticeFolder(const QString& folder) {
+    watchFolders();
     // Other files of the folder may never come to rest: they must not put this one off.
     for (auto& [file, watched] : m_files) {
-        if (watched.folder == folder && FileStamp::of(file) != watched.seen) {
+        if (watched.folders.contains(folder) && FileStamp::of(file) != watched.seen) {
             noticeActivity(file, &watched);
         }
     }
@@ -94,7 +137,9 @@ void FileWatch::noticeFolder(const QString& folder) {
 
 void FileWatch::noticeActivity(const QString& file, Watched* watched) {
     const FileStamp now = FileStamp::of(file);
-    if (now.inode != watched->seen.inode || now.exists != watched->seen.exists) {
+    // A file that was removed has lost its watch, and the next one may get its number.
+    if (now.inode != watched->seen.inode || now.exists != watched->seen.exists ||
+        !m_watcher.files().contains(file)) {
         watchAgain(file);
     }
     watched->seen = now;

@@ -2,19 +2,23 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <map>
+#include <optional>
 
 #include <QFileSystemWatcher>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include "window/FileStamp.h"
 
 class QTimer;
 
-/// Tells when files change on disk, also when a program replaces them by renaming: once for a
-/// burst of writes, after it has been quiet for `kQuietMs`. A file that vanishes is said when it is
-/// back. What is written anew with the same bytes has not changed.
+/// Tells when files change on disk, also when a program replaces them, or a folder above them, by
+/// renaming or by removing and making: once for a burst of writes, after it has been quiet for
+/// `kQuietMs`. A file that vanishes is said when it is back. What is written anew with the same
+/// bytes has not changed.
 class FileWatch : public QObject {
     Q_OBJECT
 
@@ -37,7 +41,8 @@ Q_SIGNALS:
 private:
     struct Watched {
         QString path;
-        QString folder;
+        /// Its folder and all above.
+        QStringList folders;
         /// What the program knows, and what was seen last.
         FileContent known;
         FileStamp seen;
@@ -49,8 +54,12 @@ private:
     void noticeActivity(const QString& file, Watched* watched);
     void judge(const QString& file);
     void watchAgain(const QString& file);
+    void watchFolders();
+    void forgetFolders();
 
     QFileSystemWatcher m_watcher;
     /// By absolute path.
     std::map<QString, Watched> m_files;
+    /// What had the name of each folder when the watch began; no folder when it has none.
+    std::map<QString, std::optional<std::uint64_t>> m_folders;
 };

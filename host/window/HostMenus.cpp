@@ -14,6 +14,7 @@
 #include "window/AddinPanes.h"
 #include "window/HostActions.h"
 #include "window/RecentFiles.h"
+#include "window/ShownName.h"
 #include "window/ToolsMenu.h"
 
 namespace {
@@ -67,8 +68,8 @@ void HostMenus::fillRecent() {
     for (const QString& path : m_parts.recent->files()) {
         ++number;
         const QString key = number < 10 ? "&" + QString::number(number) : QString::number(number);
-        QAction* action =
-            m_recent->addAction(key + "  " + withoutMnemonic(QFileInfo(path).fileName()));
+        QAction* action = m_recent->addAction(
+            key + "  " + withoutMnemonic(shownName(QFileInfo(path).fileName())));
         action->setStatusTip(QDir::toNativeSeparators(path));
         connect(action, &QAction::triggered, this, [this, path] { Q_EMIT recentChosen(path); });
     }

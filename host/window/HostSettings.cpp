@@ -6,6 +6,7 @@
 
 #include "KxText.h"
 #include "window/HelpWindow.h"
+#include "window/KeptSettings.h"
 #include "window/SafeSettings.h"
 
 namespace {
@@ -47,6 +48,7 @@ void HostSettings::save() const {
     stored.setValue(kWebHelp, webHelp);
     stored.setValue(kWebLink, webLink);
     stored.setValue(kLanguage, language);
+    writeSettings();
 }
 
 kxHelpSettings HostSettings::help() const {

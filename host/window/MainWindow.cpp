@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/MainWindow.h"
 
+#include <iostream>
 #include <utility>
 
 #include <QCloseEvent>
@@ -34,11 +35,13 @@
 #include "window/HostParts.h"
 #include "window/HostSession.h"
 #include "window/HostStatusBar.h"
+#include "window/KeptSettings.h"
 #include "window/LayersDock.h"
 #include "window/MeasureTool.h"
 #include "window/RecentFiles.h"
 #include "window/SafeSettings.h"
 #include "window/SelectionKeeper.h"
+#include "window/ShownName.h"
 #include "window/ToolPathCheck.h"
 #include "window/ToolsMenu.h"
 #include "window/WelcomePage.h"
@@ -100,6 +103,7 @@ MainWindow::MainWindow() : m_settings(HostSettings::load()) {
     connectCommandLine();
     applySettings();
     showTab(nullptr);
+    tellUnkeptSettings();
 }
 
 MainWindow::~MainWindow() {
@@ -177,6 +181,7 @@ HostParts MainWindow::commandParts() {
     parts.settingsChanged = [this] {
         m_settings.save();
         applySettings();
+        tellUnkeptSettings();
     };
     parts.showManual = [this] { showHelp(HelpWindow::pageOfTopic(0)); };
     parts.walkAreas = [this](int by) { AreaWalk([this] { return areas(); }).step(by); };
@@ -217,6 +222,7 @@ void MainWindow::connectSession() {
 }
 
 void MainWindow::connectDrawings() {
+    connect(m_recent, &RecentFiles::changed, this, &MainWindow::tellUnkeptSettings);
     connect(m_drawings, &Drawings::said, m_commandLine, &CommandLine::print);
     connect(m_drawings, &Drawings::failed, this, &MainWindow::showFailures);
     connect(m_drawings, &Drawings::added, this, &MainWindow::attach);
@@ -318,6 +324,13 @@ void MainWindow::rebuildMenus() {
     m_commandLine->setCompletions(m_runner->names());
 }
 
+void MainWindow::tellUnkeptSettings() {
+    const QString failure = untoldSettingsFailure();
+    if (!failure.isEmpty()) {
+        complain(failure);
+    }
+}
+
 void MainWindow::complain(const QString& line) {
     m_commandLine->printError(line);
 }
@@ -370,7 +383,7 @@ void MainWindow::loadAddins(const HostOptions& options) {
 void MainWindow::loadAddin(const QString& file) {
     QString error;
     if (!m_session->loadAddin(file, &error)) {
-        complain(tr("The add-in can't be loaded: %1").arg(error));
+        complain(tr("The add-in can't be loaded: %1").arg(shownName(error)));
     }
 }
 
@@ -420,6 +433,12 @@ void MainWindow::end() {
     storeLayout(kGeometry, saveGeometry());
     storeLayout(kState, saveState(kStateVersion));
     QSettings().setValue(kHistory, m_commandLine->history().lines());
+    writeSettings();
+    // Nobody sees the command line any more.
+    const QString failure = untoldSettingsFailure();
+    if (!failure.isEmpty()) {
+        std::cerr << "kxhost: " + failure.toStdString() + "\n";
+    }
     m_drawings->closeAll();
     m_session->unloadAddins();
     m_help.reset();

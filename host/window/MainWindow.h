@@ -74,6 +74,7 @@ private:
     void updateActions();
     void applySettings();
     void rebuildMenus();
+    void tellUnkeptSettings();
     void complain(const QString& line);
     void showFailures(const QStringList& causes);
     void showHelp(const QString& page);

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "PlainText.h"
+#include "window/ShownName.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ OpenProgressDialog::OpenProgressDialog(const QString& path, QWidget* parent)
     setWindowTitle(tr("Opening drawing"));
     setWindowModality(Qt::ApplicationModal);
     setFixedWidth(kWidth);
-    const QString name = QFileInfo(path).fileName();
+    const QString name = shownName(QFileInfo(path).fileName());
     auto* const label = new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setText(fontMetrics().elidedText(tr("Reading %1").arg(name), Qt::ElideMiddle,

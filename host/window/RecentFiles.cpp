@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QSettings>
 
+#include "window/KeptSettings.h"
+
 namespace {
 
 QString settingsKey() {
@@ -23,6 +25,7 @@ void RecentFiles::load() {
 
 void RecentFiles::store() {
     QSettings().setValue(settingsKey(), m_files);
+    writeSettings();
     Q_EMIT changed();
 }
 

@@ -12,6 +12,7 @@
 
 #include "PlainText.h"
 #include "window/RecentFiles.h"
+#include "window/ShownName.h"
 
 namespace {
 
@@ -63,7 +64,7 @@ WelcomePage::WelcomePage(RecentFiles* recent, QWidget* parent)
 void WelcomePage::refresh() {
     m_list->clear();
     for (const QString& path : m_recent->files()) {
-        auto* item = new QListWidgetItem(QFileInfo(path).fileName(), m_list);
+        auto* item = new QListWidgetItem(shownName(QFileInfo(path).fileName()), m_list);
         item->setData(Qt::UserRole, path);
         item->setToolTip(plainToolTip(QDir::toNativeSeparators(path)));
     }

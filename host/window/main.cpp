@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: GPL-2.0-or-later
 // kxhost: the program.
+#include <csignal>
 #include <iostream>
 
 #include <QApplication>
@@ -11,13 +12,16 @@
 #include "window/Drawings.h"
 #include "window/HostOptions.h"
 #include "window/HostResources.h"
+#include "window/KeptSettings.h"
 #include "window/MainWindow.h"
 #include "window/OpenEach.h"
+#include "window/StartFailure.h"
 #include "window/ToolkitRemarks.h"
 
 namespace {
 
 constexpr int kNoDisplay = 1;
+constexpr int kNoOutput = 1;
 
 QStringList toTexts(int argc, char** argv) {
     QStringList texts;
@@ -70,6 +74,10 @@ int runWindow(const HostOptions& options) {
     if (options.openEach) {
         openEach(&window, options.drawings);
         window.close();
+        if (!std::cout.flush()) {
+            print("kxhost: standard output can't be written", kNoOutput);
+            return kNoOutput;
+        }
         return 0;
     }
     QTimer::singleShot(0, &window, [&] { window.drawings()->open(options.drawings); });
@@ -79,6 +87,8 @@ int runWindow(const HostOptions& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A limit of file size is to be said, not to end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     QString message;
     int exitCode = 0;
     const bool needsNoDisplay = isAnsweredAtOnce(argc, argv) || !hasDisplay(argc, argv);
@@ -92,7 +102,10 @@ int main(int argc, char** argv) {
     }
     hideIconSizeRemark();
     describeApplication();
+    leaveStrangeSettings();
+    endWhenToolkitFails(kNoDisplay);
     const QApplication application(argc, argv);
+    noteStarted();
     loadHostResources();
     QApplication::setWindowIcon(QIcon(":/kxhost/icons/kxhost.svg"));
     const std::optional<HostOptions> options =

@@ -71,10 +71,11 @@ std::vector<long> leastHeapOfParts(int runs, const Step& step) {
 /// Bytes a run that were not given back between the first and the second half. The first part,
 /// which warms up, is in neither.
 double bytesKeptPerRun(const std::vector<long>& parts, int runs) {
-    const auto middle = parts.begin() + 1 + (kParts - 1) / 2;
+    constexpr int kHalf = (kParts - 1) / 2;
+    const auto middle = parts.begin() + 1 + kHalf;
     const long before = *std::min_element(parts.begin() + 1, middle);
     const long after = *std::min_element(middle, parts.end());
-    return static_cast<double>(after - before) / (static_cast<double>(runs) / 2);
+    return static_cast<double>(after - before) / (kHalf * (runs / kParts));
 }
 
 class LifeCycle : public testing::Test {

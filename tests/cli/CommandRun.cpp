@@ -8,10 +8,7 @@
 
 namespace {
 
-CommandRun runIn(const QProcessEnvironment& environment, const QStringList& arguments) {
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(KX_PROGRAM, arguments);
+CommandRun finish(QProcess& process) {
     CommandRun run;
     if (process.waitForFinished(50000) && process.exitStatus() == QProcess::NormalExit) {
         run.code = process.exitCode();
@@ -20,6 +17,13 @@ CommandRun runIn(const QProcessEnvironment& environment, const QStringList& argu
     run.output = process.readAllStandardOutput();
     run.messages = process.readAllStandardError();
     return run;
+}
+
+CommandRun runIn(const QProcessEnvironment& environment, const QStringList& arguments) {
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(KX_PROGRAM, arguments);
+    return finish(process);
 }
 
 }  // namespace
@@ -45,6 +49,21 @@ CommandRun runWithoutDisplay(const QStringList& arguments) {
     environment.remove("WAYLAND_DISPLAY");
     environment.remove("QT_QPA_PLATFORM");
     return runIn(environment, arguments);
+}
+
+CommandRun runProgramWithInput(const QStringList& arguments, const QByteArray& input) {
+    QProcess process;
+    process.start(KX_PROGRAM, arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    return finish(process);
+}
+
+CommandRun runProgramInto(const QStringList& arguments, const QString& output) {
+    QProcess process;
+    process.setStandardOutputFile(output);
+    process.start(KX_PROGRAM, arguments);
+    return finish(process);
 }
 
 QStringList toolPathSettings() {

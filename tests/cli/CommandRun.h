@@ -24,6 +24,12 @@ CommandRun runAtDisplay(const QStringList& arguments, const QString& display);
 /// Runs the program where there is no display.
 CommandRun runWithoutDisplay(const QStringList& arguments);
 
+/// Runs the program with a text on its standard input.
+CommandRun runProgramWithInput(const QStringList& arguments, const QByteArray& input);
+
+/// Runs the program with a file or device as its standard output.
+CommandRun runProgramInto(const QStringList& arguments, const QString& output);
+
 /// The settings that a tool path needs.
 QStringList toolPathSettings();
 

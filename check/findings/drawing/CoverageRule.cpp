@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "findings/drawing/CoverageRule.h"
 
-#include <algorithm>
-
 #include "geometry/Near.h"
 
 namespace gcode_check {
@@ -28,33 +26,33 @@ bool isTouched(const DrawingSetting& scene, const Curve& curve) {
     return touched;
 }
 
-void report(const DrawingSetting& scene, std::size_t index, const std::vector<Interval>& gaps,
+std::string sentenceFor(const DrawingSetting& scene, std::size_t index, const Interval& gap) {
+    const Curve& curve = scene.shapes.targets()[index].curve;
+    const Wording& words = scene.setting.words;
+    const std::string name = nameOf(scene.drawing.shapes[index], index);
+    const std::string from = words.place(pointAt(curve, gap.from));
+    if (gap.to - gap.from >= 1) {
+        return "The tool never cuts " + name + " at " + from + ".";
+    }
+    const double length = lengthOf(curve);
+    return "The tool does not cut " + words.length(length * (gap.to - gap.from)) + " of the " +
+           words.length(length) + " of " + name + ", from " + from + " to " +
+           words.place(pointAt(curve, gap.to)) + ".";
+}
+
+// Each gap for itself, so that every place without a cut is named.
+void report(const DrawingSetting& scene, std::size_t index, const Interval& gap,
             Findings& findings) {
     Finding* const finding = findings.add(FindingKind::NotCut, Severity::Warning, 0);
     if (finding == nullptr) {
         return;
     }
     const Curve& curve = scene.shapes.targets()[index].curve;
-    const Interval longest = *std::max_element(
-        gaps.begin(), gaps.end(),
-        [](const Interval& a, const Interval& b) { return a.to - a.from < b.to - b.from; });
-    const PlanePoint from = pointAt(curve, longest.from);
-    const PlanePoint to = pointAt(curve, longest.to);
-    const double length = lengthOf(curve);
-    const double missing = length * widthOf(gaps);
-    const Wording& words = scene.setting.words;
-    const std::string name = nameOf(scene.drawing.shapes[index], index);
-    if (widthOf(gaps) >= 1) {
-        finding->sentence = "The tool never cuts " + name + " at " + words.place(from) + ".";
-    } else {
-        finding->sentence = "The tool does not cut " + words.length(missing) + " of the " +
-                            words.length(length) + " of " + name + ", from " + words.place(from) +
-                            " to " + words.place(to) +
-                            (gaps.size() > 1 ? " and in other places." : ".");
-    }
-    finding->numbers = {{"missing", missing},
-                        {"length", length},
-                        {"gaps", static_cast<double>(gaps.size()), Measure::Count}};
+    const PlanePoint from = pointAt(curve, gap.from);
+    const PlanePoint to = pointAt(curve, gap.to);
+    finding->sentence = sentenceFor(scene, index, gap);
+    finding->numbers = {{"missing", lengthOf(curve) * (gap.to - gap.from)},
+                        {"length", lengthOf(curve)}};
     const double z = scene.setting.surface;
     finding->place = placeOf(scene.setting, {from.x, from.y, z}, {to.x, to.y, z});
     finding->shape = index;
@@ -122,7 +120,9 @@ std::size_t findUncut(const DrawingSetting& scene, const std::vector<bool>& expl
         if (gaps.empty()) {
             ++cut;
         } else if (!explained[index]) {
-            report(scene, index, gaps, findings);
+            for (const Interval& gap : gaps) {
+                report(scene, index, gap, findings);
+            }
         }
     }
     return cut;

@@ -2,35 +2,49 @@
 // SPDX-License-Identifier: MIT
 #include "findings/rules/ArcRadiusRule.h"
 
+#include <algorithm>
+
 namespace gcode_check {
+namespace {
+
+constexpr double kCommonMm = 0.005;
+constexpr double kCommonPart = 0.001;
+
+}  // namespace
 
 ArcRadiusRule::ArcRadiusRule(const Setting& setting, Findings& findings)
     : m_setting(setting),
       m_findings(findings),
-      m_on(setting.options.arcRadiusTolerance.has_value()),
-      m_tolerance(setting.options.arcRadiusTolerance.value_or(0) * setting.unitsPerDrawingUnit) {}
+      m_known(setting.options.arcRadiusTolerance.has_value()),
+      m_tolerance(m_known ? *setting.options.arcRadiusTolerance * setting.unitsPerDrawingUnit
+                          : kCommonMm / setting.mmPerUnit) {}
+
+double ArcRadiusRule::toleranceFor(double radius) const {
+    return m_known ? m_tolerance : std::max(m_tolerance, kCommonPart * radius);
+}
 
 void ArcRadiusRule::step(const Step& step) {
-    if (!m_on || step.motion->kind != MotionKind::Arc) {
+    if (step.motion->kind != MotionKind::Arc) {
         return;
     }
-    const ArcSpan span = spanOf(step);
-    const double difference = std::abs(span.endRadius - span.radius);
-    if (!(difference > m_tolerance)) {
+    const ArcRadii radii = radiiOf(step);
+    const double difference = std::abs(radii.end - radii.start);
+    const double tolerance = toleranceFor(radii.start);
+    if (!(difference > tolerance)) {
         return;
     }
-    Finding* const finding =
-        m_findings.add(FindingKind::ArcRadiiDiffer, Severity::Error, step.line());
+    Finding* const finding = m_findings.add(
+        FindingKind::ArcRadiiDiffer, m_known ? Severity::Error : Severity::Warning, step.line());
     if (finding == nullptr) {
         return;
     }
     const Wording& words = m_setting.words;
-    finding->sentence = "The arc begins " + words.length(span.radius) +
-                        " from its centre and ends " + words.length(span.endRadius) +
-                        " from it; a controller that takes " + words.length(m_tolerance) +
-                        " stops here.";
+    finding->sentence = "The arc begins " + words.length(radii.start) +
+                        " from its centre and ends " + words.length(radii.end) +
+                        " from it; a controller that takes a difference of " +
+                        words.length(tolerance) + " stops here.";
     finding->numbers = {
-        {"start-radius", span.radius}, {"end-radius", span.endRadius}, {"difference", difference}};
+        {"start-radius", radii.start}, {"end-radius", radii.end}, {"difference", difference}};
     finding->place = placeOf(m_setting, step);
 }
 

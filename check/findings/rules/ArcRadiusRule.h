@@ -7,7 +7,8 @@
 
 namespace gcode_check {
 
-// Arcs that the interpreter's controller takes, but one with CheckOptions::arcRadiusTolerance not.
+// Arcs that the interpreter's controller takes, but a stricter one does not: one with
+// CheckOptions::arcRadiusTolerance, without it a common one.
 class ArcRadiusRule {
 public:
     ArcRadiusRule(const Setting& setting, Findings& findings);
@@ -16,7 +17,9 @@ public:
 private:
     const Setting& m_setting;
     Findings& m_findings;
-    bool m_on;
+    double toleranceFor(double radius) const;
+
+    bool m_known;
     double m_tolerance;
 };
 

@@ -38,6 +38,23 @@ std::string beginningFor(FindingKind kind) {
     }
 }
 
+// "X1e-05": an E behind a number.
+bool isExponent(std::string_view text, std::uint32_t column) {
+    return column >= 2 && column <= text.size() && (text[column - 1] | 0x20) == 'e' &&
+           text[column - 2] >= '0' && text[column - 2] <= '9';
+}
+
+std::string hintFor(std::string_view text, std::uint32_t column) {
+    if (isExponent(text, column)) {
+        return " Numbers with an exponent, as very small and very large ones are written, can't be "
+               "read.";
+    }
+    if (looksLikeText(text)) {
+        return " Remarks must stand in parentheses or behind a semicolon.";
+    }
+    return {};
+}
+
 std::string sentenceFor(const Setting& setting, const Diagnostic& diagnostic, FindingKind kind,
                         std::string_view text) {
     std::string sentence = beginningFor(kind);
@@ -48,8 +65,8 @@ std::string sentenceFor(const Setting& setting, const Diagnostic& diagnostic, Fi
         }
     }
     sentence += '.';
-    if (kind == FindingKind::ControllerRejects && looksLikeText(text)) {
-        sentence += " Remarks must stand in parentheses or behind a semicolon.";
+    if (kind == FindingKind::ControllerRejects) {
+        sentence += hintFor(text, diagnostic.column);
     }
     if (diagnostic.line == setting.reading.stopLine && setting.moreBehind) {
         sentence += " What the program cuts from here on was not checked.";

@@ -49,9 +49,11 @@ void StartRule::judgePlace(const Step& step) {
     Finding* const finding =
         m_findings.add(FindingKind::CutAtUnknownPlace, Severity::Error, step.line());
     if (finding != nullptr) {
-        const char* const axes = known.x < bound ? "Y" : known.y < bound ? "X" : "X and Y";
+        const char* const axes = known.x < bound   ? "Y was"
+                                 : known.y < bound ? "X was"
+                                                   : "X and Y were";
         finding->sentence = std::string("The first cut begins before ") + axes +
-                            " was set: it starts at whatever place the tool stands.";
+                            " set: it starts at whatever place the tool stands.";
         finding->place = placeOf(m_setting, step);
     }
 }

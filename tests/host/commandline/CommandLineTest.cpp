@@ -56,6 +56,13 @@ TEST_F(CommandLineTest, ThePromptIsSaidToScreenReadersAndShownAsPlainText) {
     EXPECT_FALSE(log->accessibleName().isEmpty());
 }
 
+TEST_F(CommandLineTest, ThePromptsToolTipReadsAsThePrompt) {
+    line->setPrompt("Feed & speed");
+    EXPECT_EQ(prompt->toolTip(), QString("Feed & speed"));
+    line->setPrompt("<b>Feed</b> & speed");
+    EXPECT_EQ(prompt->toolTip(), QString("<span>&lt;b&gt;Feed&lt;/b&gt; &amp; speed</span>"));
+}
+
 TEST_F(CommandLineTest, ALongPromptDoesNotWidenTheWindow) {
     const int before = line->minimumSizeHint().width();
     line->setPrompt(QString("Select ").repeated(200));

@@ -165,6 +165,71 @@ TEST_F(FileWatchTest, A_file_that_is_not_there_yet_is_told_when_it_comes) {
     EXPECT_EQ(m_told.at(0).at(0).toString(), later);
 }
 
+TEST_F(FileWatchTest, A_folder_that_is_removed_and_made_anew_is_watched_again) {
+    const QString folder = m_folder.filePath("a/b");
+    const QString file = folder + "/part.dxf";
+    ASSERT_TRUE(QDir().mkpath(folder));
+    write(file, "one");
+    m_watch.add(file);
+    for (int i = 0; i < 3; ++i) {
+        // Once only its own folder goes, and then that above with it.
+        ASSERT_TRUE(QDir(i == 0 ? folder : m_folder.filePath("a")).removeRecursively());
+        if (i < 2) {
+            EXPECT_EQ(toldAfterQuiet(), i) << "a file that is gone has not changed";
+        }
+        ASSERT_TRUE(QDir().mkpath(folder));
+        write(file, "made anew " + QByteArray::number(i));
+        ASSERT_TRUE(isTold(i + 1)) << i;
+    }
+    write(file, "written in place after that");
+    EXPECT_TRUE(isTold(4));
+}
+
+TEST_F(FileWatchTest, A_folder_that_another_takes_the_name_of_is_watched) {
+    const QString folder = m_folder.filePath("a/b");
+    const QString file = folder + "/part.dxf";
+    ASSERT_TRUE(QDir().mkpath(folder));
+    write(file, "one");
+    m_watch.add(file);
+    const auto rename = [this](const char* from, const char* to) {
+        return std::rename(QFile::encodeName(m_folder.filePath(from)).constData(),
+                           QFile::encodeName(m_folder.filePath(to)).constData());
+    };
+    ASSERT_TRUE(QDir().mkpath(m_folder.filePath("new/b")));
+    write(m_folder.filePath("new/b/part.dxf"), "two");
+    ASSERT_EQ(rename("a", "old"), 0);
+    ASSERT_EQ(rename("new", "a"), 0);
+    ASSERT_TRUE(isTold());
+    write(m_folder.filePath("old/b/part.dxf"), "no longer of interest");
+    write(file, "three");
+    ASSERT_TRUE(isTold(2));
+    EXPECT_EQ(toldAfterQuiet(), 2);
+}
+
+TEST_F(FileWatchTest, A_folder_that_is_not_there_yet_is_watched_when_it_comes) {
+    const QString file = m_folder.filePath("later/deep/part.dxf");
+    m_watch.add(file);
+    ASSERT_TRUE(QDir().mkpath(m_folder.filePath("later/deep")));
+    letPass(20);
+    write(file, "now");
+    EXPECT_TRUE(isTold());
+}
+
+TEST_F(FileWatchTest, What_is_no_file_any_more_is_not_read) {
+    for (const char* kind : {"pipe", "device", "folder"}) {
+        ASSERT_TRUE(QFile::remove(m_path) || QDir().rmdir(m_path));
+        if (std::string(kind) == "pipe") {
+            ASSERT_EQ(::mkfifo(QFile::encodeName(m_path).constData(), 0600), 0);
+        } else if (std::string(kind) == "device") {
+            ASSERT_TRUE(QFile::link("/dev/zero", m_path));
+        } else {
+            ASSERT_TRUE(QDir().mkdir(m_path));
+        }
+        const int before = m_told.count();
+        EXPECT_TRUE(isTold(before + 1)) << kind;
+    }
+}
+
 TEST_F(FileWatchTest, Whoever_is_told_may_stop_watching) {
     QObject::connect(&m_watch, &FileWatch::changed, &m_watch,
                      [this](const QString& path) { m_watch.remove(path); });

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "ProgramCheck.h"
+
+#include "ExitCode.h"
+#include "files/PrintableText.h"
+
+gcode_check::CheckOptions checkOptionsOf(const CheckSettings& settings) {
+    gcode_check::CheckOptions options;
+    options.surfaceZ = settings.surface;
+    options.tolerance = settings.tolerance;
+    options.rapidRate = settings.rapidRate;
+    return options;
+}
+
+gcode_check::ReportHead headOf(const std::string& program, const std::string& stream,
+                               const std::string& drawing) {
+    const bool isStream = program.empty() || program == "-";
+    return {isStream ? stream : kxfiles::printable(program), kxfiles::printable(drawing)};
+}
+
+int exitCodeOf(const gcode_check::CheckResult& result) {
+    return gcode_check::hasErrors(result) ? kExitErrorsFound : kExitWritten;
+}

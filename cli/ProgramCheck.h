@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <kx/kxObject.h>
+
+#include "findings/Check.h"
+#include "report/Report.h"
+
+/// What both ways to a check are told on the command line. Lengths in drawing units.
+struct CheckSettings {
+    double surface = 0;
+    double tolerance = 0.02;
+    /// Millimetres a minute.
+    double rapidRate = 5000;
+};
+
+gcode_check::CheckOptions checkOptionsOf(const CheckSettings& settings);
+
+/// What a report tells of where program and drawing are from; empty names are left out, "-" is
+/// called `stream`.
+gcode_check::ReportHead headOf(const std::string& program, const std::string& stream,
+                               const std::string& drawing);
+
+/// 0, or the code that says that errors were found.
+int exitCodeOf(const gcode_check::CheckResult& result);
