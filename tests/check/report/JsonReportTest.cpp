@@ -120,7 +120,7 @@ TEST(JsonReport, IsJsonWithItsMembersInOrder) {
     for (const char* member :
          {"\"version\": 1", "\"program\": \"plate \\\"7\\\".nc\"",
           "\"drawing\": \"tab\\u0009here\"", "\"unit\": \"mm\"", "\"lines\": 8", "\"stopLine\": 8",
-          "\"errors\": 2", "\"warnings\": ", "\"notes\": 0", "\"leftOut\": {}", "\"findings\": [",
+          "\"errors\": 3", "\"warnings\": ", "\"notes\": 0", "\"leftOut\": {}", "\"findings\": [",
           "\"objects\": {", "\"figures\": {", "\"seconds\": "}) {
         const std::size_t next = text.find(member, at);
         ASSERT_NE(next, std::string::npos) << member << '\n' << text;
