@@ -14,10 +14,11 @@
 namespace {
 
 QString g_failure;
-bool g_isNoted = false;
+bool g_isTold = false;
 
+/// The first one holds: it names the file.
 void noteFailure(const QString& file) {
-    if (!std::exchange(g_isNoted, true)) {
+    if (g_failure.isEmpty()) {
         g_failure = QCoreApplication::translate("KeptSettings", "The settings can't be kept: %1")
                         .arg(shownName(file));
     }
@@ -25,18 +26,25 @@ void noteFailure(const QString& file) {
 
 }  // namespace
 
-QString untoldSettingsFailure() {
-    return std::exchange(g_failure, QString());
-}
-
-void writeSettings() {
+bool writeSettings() {
     QSettings stored;
     stored.sync();
-    if (stored.status() == QSettings::NoError) {
-        g_isNoted = false;
+    const bool isKept = stored.status() == QSettings::NoError;
+    if (isKept) {
+        g_failure.clear();
+        g_isTold = false;
     } else {
         noteFailure(stored.fileName());
     }
+    return isKept;
+}
+
+QString settingsFailure() {
+    return g_failure;
+}
+
+QString untoldSettingsFailure() {
+    return g_failure.isEmpty() || std::exchange(g_isTold, true) ? QString() : g_failure;
 }
 
 void leaveStrangeSettings() {

@@ -4,12 +4,13 @@
 
 #include <QString>
 
-/// Why settings can't be kept, as long as nobody was told; empty when all is well, or was told. All
-/// parts of the program keep theirs in one file, so one line about it is enough.
-QString untoldSettingsFailure();
+/// Writes what is not yet written; false when it can't be kept. Call it when settings changed.
+bool writeSettings();
 
-/// Writes what is not yet written. Call it when settings changed.
-void writeSettings();
+/// What to tell the user about settings that can't be kept; empty while they can.
+QString settingsFailure();
+/// The same, once: all parts of the program keep theirs in one file.
+QString untoldSettingsFailure();
 
 /// Ends the use of a settings file that can't be read as one, such as a pipe, which would be waited
 /// for: then nothing is kept.

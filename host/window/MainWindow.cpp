@@ -433,11 +433,9 @@ void MainWindow::end() {
     storeLayout(kGeometry, saveGeometry());
     storeLayout(kState, saveState(kStateVersion));
     QSettings().setValue(kHistory, m_commandLine->history().lines());
-    writeSettings();
-    // Nobody sees the command line any more.
-    const QString failure = untoldSettingsFailure();
-    if (!failure.isEmpty()) {
-        std::cerr << "kxhost: " + failure.toStdString() + "\n";
+    if (!writeSettings()) {
+        // Nobody sees the command line any more.
+        std::cerr << "kxhost: " + settingsFailure().toStdString() + "\n";
     }
     m_drawings->closeAll();
     m_session->unloadAddins();

@@ -4,30 +4,41 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <string>
+#include <vector>
 
 #include <QString>
 
-#include "files/PrintableText.h"
+#include "window/ShownName.h"
 
 namespace {
 
+struct Remark {
+    QtMsgType type;
+    QString text;
+};
+
 QtMessageHandler g_next = nullptr;
 int g_exitCode = 0;
-/// The first thing that the toolkit complained of, which tells more than its last words.
-std::string g_cause;
+/// What the toolkit had to say until now: when it fails one line is enough.
+std::vector<Remark> g_remarks;
 
-void watchStart(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+/// What it says of the display tells more than its last words.
+QString causeOf(const QString& lastWords) {
+    for (const Remark& remark : g_remarks) {
+        if (remark.text.contains(QLatin1String("connect to display"))) {
+            return remark.text;
+        }
+    }
+    return lastWords;
+}
+
+void watchStart(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
     if (type == QtFatalMsg) {
-        const std::string cause = g_cause.empty() ? text.toStdString() : g_cause;
         std::fprintf(stderr, "kxhost: there is no display to open a window on: %s\n",
-                     kxfiles::printable(cause).c_str());
+                     qUtf8Printable(shownName(causeOf(text))));
         std::_Exit(g_exitCode);
     }
-    if (g_cause.empty() && type == QtWarningMsg) {
-        g_cause = text.toStdString();
-    }
-    g_next(type, context, text);
+    g_remarks.push_back({type, text});
 }
 
 }  // namespace
@@ -39,4 +50,8 @@ void endWhenToolkitFails(int exitCode) {
 
 void noteStarted() {
     qInstallMessageHandler(g_next);
+    for (const Remark& remark : g_remarks) {
+        g_next(remark.type, QMessageLogContext(), remark.text);
+    }
+    g_remarks.clear();
 }

@@ -295,6 +295,9 @@ TEST_F(HostProgramFaults, SettingsThatAreAPipeOrADeviceAreLeftAloneAndSaid) {
         const ChildRun run = HostProgramFaults::run({"--open-each", drawing("a.dxf")}, options);
         EXPECT_EQ(run.code, 0) << kind << run.messages;
         EXPECT_NE(run.output.find("a.dxf: 0 objects"), std::string::npos) << run.output;
+        EXPECT_NE(run.messages.find("kxhost: The settings can't be kept: " + file + "\n"),
+                  std::string::npos)
+            << run.messages;
         EXPECT_FALSE(fs::is_regular_file(file));
     }
 }
@@ -306,8 +309,10 @@ TEST_F(HostProgramFaults, SettingsThatCantBeKeptAtTheEndAreSaid) {
     const ChangedRights readOnly(m_folder.place("config"), 0555);
     const ChildRun run =
         HostProgramFaults::run({"--open-each", m_folder.place("none.dxf")}, options);
-    EXPECT_EQ(run.messages, "kxhost: The settings can't be kept: " +
-                                m_folder.place("config/kxhost/kxhost.conf") + "\n");
+    EXPECT_NE(run.messages.find("kxhost: The settings can't be kept: " +
+                                m_folder.place("config/kxhost/kxhost.conf") + "\n"),
+              std::string::npos)
+        << run.messages;
 }
 
 TEST_F(HostProgramFaults, AFullStandardOutputIsSaid) {
@@ -315,7 +320,7 @@ TEST_F(HostProgramFaults, AFullStandardOutputIsSaid) {
     options.outputTo = "/dev/full";
     const ChildRun run = HostProgramFaults::run({"--open-each", drawing("a.dxf")}, options);
     EXPECT_EQ(run.code, 1);
-    EXPECT_EQ(run.messages, "kxhost: standard output can't be written\n");
+    EXPECT_NE(run.messages.find("kxhost: standard output can't be written\n"), std::string::npos);
 }
 
 TEST_F(HostProgramFaults, NamesOfAnyLettersAreOpenedInTheLocaleCAndBrokenOnesAreExplained) {
