@@ -41,6 +41,16 @@ bool checkMCodes(const Block& block, Fault& fault) {
                   "at most " + std::to_string(kMostMCodes) + " on a line");
 }
 
+std::uint32_t columnOfAxes(const Block& block) {
+    std::uint32_t first = 0;
+    for (const char letter : {'X', 'Y', 'Z', 'A', 'B', 'C', '@', '^'}) {
+        if (block.has(letter) && (first == 0 || block.column(letter) < first)) {
+            first = block.column(letter);
+        }
+    }
+    return first;
+}
+
 // Of two codes that both take the coordinates none can have them.
 bool checkAxes(const Block& block, int mode, Fault& fault) {
     const int oneShot = block.g(GGroup::OneShot);
@@ -58,11 +68,12 @@ bool checkAxes(const Block& block, int mode, Fault& fault) {
         return true;
     }
     if (block.hasG(GGroup::CancelMotion)) {
-        return reject(fault, Rule::AxesWithoutUse, block.columnOfG(GGroup::CancelMotion), "G80",
-                      "no coordinates, or a motion code");
+        return reject(fault, Rule::AxesWithoutUse, columnOfAxes(block), "coordinates beside G80",
+                      "a motion code for them");
     }
     if (mode == kNoMotion) {
-        return reject(fault, Rule::AxesWithoutUse, 1, "coordinates", "a motion code before them");
+        return reject(fault, Rule::AxesWithoutUse, columnOfAxes(block), "coordinates",
+                      "a motion code before them");
     }
     return true;
 }

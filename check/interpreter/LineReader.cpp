@@ -210,7 +210,11 @@ private:
 
     // The word as it stands there.
     std::string shown(const Number& number) const {
-        return std::string(m_line.substr(number.column - 1, m_at + 1 - number.column));
+        std::size_t end = m_at;
+        while (isBlank(m_line[end - 1])) {
+            --end;
+        }
+        return std::string(m_line.substr(number.column - 1, end + 1 - number.column));
     }
 
     bool gCode(const Number& number) {
