@@ -38,36 +38,40 @@ std::string beginningFor(FindingKind kind) {
     }
 }
 
+std::string trimmed(std::string text) {
+    text.erase(text.find_last_not_of(" \t\r") + 1);
+    return text;
+}
+
 // "X1e-05": an E behind a number.
 bool isExponent(std::string_view text, std::uint32_t column) {
     return column >= 2 && column <= text.size() && (text[column - 1] | 0x20) == 'e' &&
            text[column - 2] >= '0' && text[column - 2] <= '9';
 }
 
-std::string hintFor(std::string_view text, std::uint32_t column) {
-    if (isExponent(text, column)) {
-        return " Numbers with an exponent, as very small and very large ones are written, can't be "
-               "read.";
+// What was found and what would have been right, for who has never read a grammar.
+std::string reasonFor(const Diagnostic& diagnostic, FindingKind kind, std::string_view text) {
+    if (kind == FindingKind::ControllerRejects && isExponent(text, diagnostic.column)) {
+        return ": found a number with an exponent, as very small and very large ones are written; "
+               "numbers must be plain.";
     }
-    if (looksLikeText(text)) {
-        return " Remarks must stand in parentheses or behind a semicolon.";
+    std::string reason;
+    if (!diagnostic.found.empty()) {
+        reason += ": found " + trimmed(diagnostic.found);
+        if (!diagnostic.expected.empty()) {
+            reason += ", expected " + diagnostic.expected;
+        }
     }
-    return {};
+    reason += '.';
+    if (kind == FindingKind::ControllerRejects && looksLikeText(text)) {
+        reason += " Remarks must stand in parentheses or behind a semicolon.";
+    }
+    return reason;
 }
 
 std::string sentenceFor(const Setting& setting, const Diagnostic& diagnostic, FindingKind kind,
                         std::string_view text) {
-    std::string sentence = beginningFor(kind);
-    if (!diagnostic.found.empty()) {
-        sentence += ": found " + diagnostic.found;
-        if (!diagnostic.expected.empty()) {
-            sentence += ", expected " + diagnostic.expected;
-        }
-    }
-    sentence += '.';
-    if (kind == FindingKind::ControllerRejects) {
-        sentence += hintFor(text, diagnostic.column);
-    }
+    std::string sentence = beginningFor(kind) + reasonFor(diagnostic, kind, text);
     if (diagnostic.line == setting.reading.stopLine && setting.moreBehind) {
         sentence += " What the program cuts from here on was not checked.";
     }
