@@ -26,7 +26,7 @@ struct Spec {
 };
 
 // NOLINTNEXTLINE(readability-function-size): a plain table
-constexpr std::array<Spec, 35> kSpecs{{
+constexpr std::array<Spec, 36> kSpecs{{
     {"OPEN", "&Open...", "open", "Ctrl+O", "Open drawings", Needs::Nothing},
     {"RELOAD", "&Reload", "reload", "Ctrl+R; F5", "Read the drawing from its file again"},
     {"CLOSE", "&Close", "close", "Ctrl+W", "Close the drawing"},
@@ -62,6 +62,8 @@ constexpr std::array<Spec, 35> kSpecs{{
     {"TOOLPATHCHECK", "Tool Path Check", "check", "Ctrl+K", "Say which objects give no tool path"},
     {"PICTURE", "Save Picture...", "picture", "", "Save what the view shows as a picture"},
     {"ADDIN", "Load Add-in...", "addin", "", "Load an add-in", Needs::Nothing},
+    {"CHECKPROGRAM", "Check Program...", "check-program", "Ctrl+Shift+K",
+     "Check a program, against what is selected", Needs::Nothing},
     {"SETTINGS", "Settings...", "settings", "Ctrl+,", "Change the settings", Needs::Nothing},
     {"MANUAL", "&Contents", "help", "F1", "Open the manual", Needs::Nothing},
     {"COMMANDS", "C&ommands", nullptr, "", "Show a table of all commands", Needs::Nothing},

@@ -108,6 +108,7 @@ void HostMenus::fillViewMenu() {
                 "NEXT", "PREVIOUS", "NEXTAREA", "PREVIOUSAREA", ""});
     m_view->addAction(m_parts.layers->toggleViewAction());
     m_view->addAction(m_parts.commandLine->toggleViewAction());
+    m_view->addAction(m_parts.check->toggleViewAction());
     for (QDockWidget* dock : m_parts.panes->docks()) {
         m_view->addAction(dock->toggleViewAction());
     }
@@ -128,11 +129,11 @@ void HostMenus::addToolBar() {
     bar->setObjectName("mainToolBar");
     bar->setIconSize(QSize(kIconSize, kIconSize));
     addActions(bar, *m_parts.actions,
-               {"OPEN",    "RELOAD",  "",          "UNDO",        "REDO",
-                "EXPLODE", "",        "SELECTALL", "SELECTLAYER", "SELECTTYPE",
-                "INVERT",  "CLEAR",   "",          "ZOOMFIT",     "ZOOMWINDOW",
-                "ZOOMIN",  "ZOOMOUT", "",          "GRID",        "AXES",
-                "CANVAS",  "",        "MEASURE",   "INFO",        "TOOLPATHCHECK",
-                "",        "MANUAL"});
+               {"OPEN",         "RELOAD",  "",          "UNDO",        "REDO",
+                "EXPLODE",      "",        "SELECTALL", "SELECTLAYER", "SELECTTYPE",
+                "INVERT",       "CLEAR",   "",          "ZOOMFIT",     "ZOOMWINDOW",
+                "ZOOMIN",       "ZOOMOUT", "",          "GRID",        "AXES",
+                "CANVAS",       "",        "MEASURE",   "INFO",        "TOOLPATHCHECK",
+                "CHECKPROGRAM", "",        "MANUAL"});
     m_parts.layers->toggleViewAction()->setIcon(QIcon(":/kxhost/icons/layers.svg"));
 }

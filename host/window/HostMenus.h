@@ -24,6 +24,7 @@ public:
         AddinPanes* panes = nullptr;
         QDockWidget* layers = nullptr;
         QDockWidget* commandLine = nullptr;
+        QDockWidget* check = nullptr;
     };
     explicit HostMenus(const Parts& parts);
 

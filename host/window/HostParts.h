@@ -32,6 +32,8 @@ struct HostParts {
     /// Keeps the settings and puts them into effect.
     std::function<void()> settingsChanged;
     std::function<void()> showManual;
+    /// Holds a program against the drawing in front; asks for the file when the name is empty.
+    std::function<void(const QString& file)> checkProgram;
     /// Moves the keyboard's focus on by so many areas of the window.
     std::function<void(int)> walkAreas;
 };

@@ -26,6 +26,7 @@
 #include "window/AddinFiles.h"
 #include "window/AddinPanes.h"
 #include "window/AreaWalk.h"
+#include "window/CheckDock.h"
 #include "window/CommandInput.h"
 #include "window/DrawingTab.h"
 #include "window/Drawings.h"
@@ -38,6 +39,7 @@
 #include "window/KeptSettings.h"
 #include "window/LayersDock.h"
 #include "window/MeasureTool.h"
+#include "window/ProgramCheck.h"
 #include "window/RecentFiles.h"
 #include "window/SafeSettings.h"
 #include "window/SelectionKeeper.h"
@@ -56,7 +58,7 @@ constexpr char kGeometry[] = "window/geometry";
 constexpr char kState[] = "window/state";
 constexpr char kHistory[] = "window/commandHistory";
 /// Raised when docks change so that an old state no longer fits.
-constexpr int kStateVersion = 1;
+constexpr int kStateVersion = 2;
 
 /// The drawings of this machine among what is dragged.
 QStringList drawingsIn(const QMimeData& data) {
@@ -150,6 +152,12 @@ void MainWindow::createDocks() {
     m_commandLine = new CommandLine(m_commandDock);
     m_commandDock->setWidget(m_commandLine);
     addDockWidget(Qt::BottomDockWidgetArea, m_commandDock);
+    m_check = new ProgramCheck({this, m_drawings, m_selection,
+                                [this](const QString& line) { m_commandLine->print(line); },
+                                [this](const QString& line) { complain(line); }});
+    addDockWidget(Qt::LeftDockWidgetArea, m_check->dock());
+    tabifyDockWidget(m_layers, m_check->dock());
+    m_check->dock()->hide();
 }
 
 void MainWindow::createCommands() {
@@ -184,6 +192,7 @@ HostParts MainWindow::commandParts() {
         tellUnkeptSettings();
     };
     parts.showManual = [this] { showHelp(HelpWindow::pageOfTopic(0)); };
+    parts.checkProgram = [this](const QString& file) { m_check->run(file); };
     parts.walkAreas = [this](int by) { AreaWalk([this] { return areas(); }).step(by); };
     return parts;
 }
@@ -196,6 +205,7 @@ QList<QWidget*> MainWindow::areas() const {
         areas.append(dock->widget());
     }
     areas.append(m_layers->widget());
+    areas.append(m_check->dock()->widget());
     return areas;
 }
 
@@ -206,7 +216,8 @@ void MainWindow::createMenus() {
                                     return known != nullptr && known->allowedInPrompt;
                                 },
                                 this);
-    m_menus = new HostMenus({this, m_actions, m_recent, m_panes, m_layers, m_commandDock});
+    m_menus = new HostMenus(
+        {this, m_actions, m_recent, m_panes, m_layers, m_commandDock, m_check->dock()});
     connect(m_menus, &HostMenus::recentChosen, this,
             [this](const QString& path) { m_drawings->open({path}); });
     m_toolsMenu = new ToolsMenu(m_session->application(), m_actions, m_menus->tools(),

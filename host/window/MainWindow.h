@@ -23,6 +23,7 @@ class HostSession;
 class HostStatusBar;
 class LayersDock;
 class MeasureTool;
+class ProgramCheck;
 class QStackedWidget;
 class QTabWidget;
 class RecentFiles;
@@ -97,6 +98,7 @@ private:
     CommandLine* m_commandLine = nullptr;
     HostStatusBar* m_statusBar = nullptr;
     MeasureTool* m_measure = nullptr;
+    ProgramCheck* m_check = nullptr;
     HostActions* m_actions = nullptr;
     HostMenus* m_menus = nullptr;
     ToolsMenu* m_toolsMenu = nullptr;

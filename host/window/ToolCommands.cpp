@@ -161,6 +161,9 @@ void addToolCommands(const HostParts& parts) {
                onDrawing(parts, [parts](DrawingTab& tab,
                                         const CommandArguments&) { tellReport(parts, tab); }),
                true});
+    table.add(
+        {"CHECKPROGRAM", "[FILE]", tr("Checks a program, against the drawing in front."),
+         [parts](const CommandArguments& arguments) { parts.checkProgram(arguments.value(0)); }});
     table.add({"SETTINGS", QString(), tr("Changes the settings."),
                [parts](const CommandArguments&) { changeSettings(parts); }});
     addHelpCommands(parts);

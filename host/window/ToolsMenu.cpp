@@ -97,8 +97,9 @@ ToolsMenu::ToolsMenu(kxHostApplication_c* application, HostActions* actions, QMe
       m_runMacro(std::move(runMacro)) {
     // Add-ins put their items after the first six.
     addOwnItems(application, *actions, kxUIState_Document,
-                {"INFO", "MEASURE", "REPORT", "TOOLPATHCHECK", "PICTURE", "ADDIN", "", "SETTINGS"});
-    addOwnItems(application, *actions, kxUIState_Zero, {"ADDIN", "", "SETTINGS"});
+                {"INFO", "MEASURE", "REPORT", "TOOLPATHCHECK", "PICTURE", "ADDIN", "CHECKPROGRAM",
+                 "", "SETTINGS"});
+    addOwnItems(application, *actions, kxUIState_Zero, {"ADDIN", "CHECKPROGRAM", "", "SETTINGS"});
 }
 
 void ToolsMenu::rebuild(bool hasDrawing) {

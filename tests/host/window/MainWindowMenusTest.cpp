@@ -53,6 +53,7 @@ TEST_F(MainWindowMenusTest, ToolsHoldsSixOwnItemsThenTheOneOfTheAddin) {
                              "Load Add-in...",
                              "-",
                              "2D G-code Generator...",
+                             "Check Program...",
                              "-",
                              "Settings..."};
     EXPECT_EQ(labels(*find<QMenu>("menuTools")), wanted)
@@ -69,7 +70,7 @@ TEST_F(MainWindowMenusTest, TheItemOfTheAddinHasItsIconAndDescription) {
 
 TEST_F(MainWindowMenusTest, ToolsIsShortWithoutADrawing) {
     EXPECT_EQ(labels(*find<QMenu>("menuTools")),
-              (QStringList{"Load Add-in...", "-", "Settings..."}));
+              (QStringList{"Load Add-in...", "Check Program...", "-", "Settings..."}));
 }
 
 TEST_F(MainWindowMenusTest, MnemonicsOfAMenuAreDifferent) {

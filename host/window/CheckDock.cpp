@@ -1,0 +1,245 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "window/CheckDock.h"
+
+#include <algorithm>
+
+#include <QDoubleSpinBox>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStyle>
+#include <QTextBlock>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "PlainText.h"
+#include "window/CheckedProgram.h"
+
+namespace {
+
+using gcode_check::Severity;
+
+enum Column { kLine, kText };
+constexpr std::size_t kLinesAround = 60;
+constexpr double kMostLength = 1e6;
+
+QDoubleSpinBox* lengthBox(const char* name, double value, double least, int decimals) {
+    auto* box = new QDoubleSpinBox;
+    box->setObjectName(name);
+    box->setDecimals(decimals);
+    box->setRange(least, kMostLength);
+    box->setSingleStep(least < 0 ? 1 : 0.01);
+    box->setValue(value);
+    return box;
+}
+
+QLabel* plainLabel(const char* name) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+QStyle::StandardPixmap iconOf(Severity severity) {
+    switch (severity) {
+        case Severity::Error:
+            return QStyle::SP_MessageBoxCritical;
+        case Severity::Warning:
+            return QStyle::SP_MessageBoxWarning;
+        case Severity::Note:
+            break;
+    }
+    return QStyle::SP_MessageBoxInformation;
+}
+
+QString countsOf(const gcode_check::CheckResult& result) {
+    const auto count = [&](Severity severity) {
+        return static_cast<qulonglong>(countOf(result, severity));
+    };
+    if (count(Severity::Error) + count(Severity::Warning) + count(Severity::Note) == 0) {
+        return CheckDock::tr("Nothing found");
+    }
+    return CheckDock::tr("Errors: %1, warnings: %2, notes: %3")
+        .arg(count(Severity::Error))
+        .arg(count(Severity::Warning))
+        .arg(count(Severity::Note));
+}
+
+QString coverageOf(const gcode_check::CheckResult& result) {
+    if (!result.drawingGiven) {
+        return {};
+    }
+    return CheckDock::tr(". Cut whole: %1 of %2")
+        .arg(static_cast<qulonglong>(result.shapesCut))
+        .arg(static_cast<qulonglong>(result.shapes));
+}
+
+}  // namespace
+
+CheckDock::CheckDock(QWidget* parent)
+    : QDockWidget(tr("Check Program"), parent),
+      m_head(plainLabel("checkHead")),
+      m_summary(plainLabel("checkSummary")),
+      m_table(new QTreeWidget),
+      m_sentence(plainLabel("checkSentence")),
+      m_lines(new QPlainTextEdit),
+      m_surface(lengthBox("checkSurface", 0, -kMostLength, 3)),
+      m_tolerance(lengthBox("checkTolerance", gcode_check::CheckOptions().tolerance, 0.0001, 4)),
+      m_again(new QPushButton(tr("Check &Again"))),
+      m_report(new QPushButton(tr("&Report..."))) {
+    setObjectName("checkDock");
+    auto* content = new QWidget(this);
+    auto* rows = new QVBoxLayout(content);
+    rows->setContentsMargins(4, 4, 4, 4);
+    rows->addWidget(createHead());
+    rows->addWidget(createMiddle(), 1);
+    rows->addLayout(createButtons());
+    setWidget(content);
+    connect(m_table, &QTreeWidget::itemSelectionChanged, this, &CheckDock::choose);
+    // A second click at what is chosen shows it once more.
+    connect(m_table, &QTreeWidget::itemClicked, this, &CheckDock::choose);
+    showResult(nullptr, nullptr, QString());
+}
+
+QWidget* CheckDock::createHead() {
+    auto* head = new QWidget;
+    auto* rows = new QFormLayout(head);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addRow(m_head);
+    rows->addRow(tr("&Surface Z:"), m_surface);
+    rows->addRow(tr("&Tolerance:"), m_tolerance);
+    rows->addRow(m_summary);
+    m_surface->setToolTip(tr("Where the top of the material lies, in program coordinates"));
+    m_tolerance->setToolTip(tr("How far from an object a cut may lie"));
+    return head;
+}
+
+QWidget* CheckDock::createMiddle() {
+    m_table->setObjectName("findingsTable");
+    m_table->setAccessibleName(tr("Findings"));
+    m_table->setHeaderLabels({tr("Line"), tr("Finding")});
+    m_table->setRootIsDecorated(false);
+    m_table->setUniformRowHeights(true);
+    m_table->header()->setSectionResizeMode(kLine, QHeaderView::ResizeToContents);
+    m_table->header()->setSectionResizeMode(kText, QHeaderView::Stretch);
+    m_sentence->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_lines->setObjectName("programLines");
+    m_lines->setAccessibleName(tr("Program"));
+    m_lines->setReadOnly(true);
+    m_lines->setTabChangesFocus(true);
+    m_lines->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_lines->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_lines->setPlaceholderText(tr("A click at a finding shows its lines here"));
+    auto* middle = new QSplitter(Qt::Vertical);
+    middle->setChildrenCollapsible(false);
+    middle->addWidget(m_table);
+    auto* chosen = new QWidget;
+    auto* rows = new QVBoxLayout(chosen);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(m_sentence);
+    rows->addWidget(m_lines, 1);
+    middle->addWidget(chosen);
+    middle->setStretchFactor(0, 3);
+    middle->setStretchFactor(1, 2);
+    return middle;
+}
+
+QLayout* CheckDock::createButtons() {
+    auto* choose = new QPushButton(tr("&Program..."));
+    choose->setObjectName("checkChoose");
+    m_again->setObjectName("checkAgain");
+    m_report->setObjectName("checkReport");
+    auto* row = new QHBoxLayout;
+    row->addWidget(choose);
+    row->addWidget(m_again);
+    row->addWidget(m_report);
+    connect(choose, &QPushButton::clicked, this, &CheckDock::chooseAsked);
+    connect(m_again, &QPushButton::clicked, this, &CheckDock::againAsked);
+    connect(m_report, &QPushButton::clicked, this, &CheckDock::reportAsked);
+    return row;
+}
+
+double CheckDock::surface() const {
+    return m_surface->value();
+}
+
+double CheckDock::tolerance() const {
+    return m_tolerance->value();
+}
+
+void CheckDock::showResult(const CheckedProgram* program, const gcode_check::CheckResult* result,
+                           const QString& heldAgainst) {
+    m_program = program;
+    m_result = result;
+    m_again->setEnabled(result != nullptr);
+    m_report->setEnabled(result != nullptr);
+    m_lines->clear();
+    m_sentence->clear();
+    if (result == nullptr) {
+        m_head->setText(tr("No program is checked yet."));
+        m_summary->clear();
+    } else {
+        m_head->setText(
+            tr("%1, held against %2").arg(QFileInfo(program->file()).fileName(), heldAgainst));
+        m_head->setToolTip(plainToolTip(program->file()));
+        m_summary->setText(countsOf(*result) + coverageOf(*result));
+    }
+    fillTable();
+}
+
+void CheckDock::fillTable() {
+    const QSignalBlocker blocker(m_table);
+    m_table->clear();
+    if (m_result == nullptr) {
+        return;
+    }
+    QList<QTreeWidgetItem*> items;
+    for (const gcode_check::Finding& finding : m_result->findings) {
+        const QString sentence = QString::fromStdString(finding.sentence);
+        auto* item = new QTreeWidgetItem;
+        item->setText(kLine, finding.line == 0 ? QString() : QString::number(finding.line));
+        item->setIcon(kLine, style()->standardIcon(iconOf(finding.severity)));
+        item->setTextAlignment(kLine, Qt::AlignRight | Qt::AlignTop);
+        item->setTextAlignment(kText, Qt::AlignLeft | Qt::AlignTop);
+        item->setText(kText, sentence);
+        item->setToolTip(kText, plainToolTip(sentence));
+        items.append(item);
+    }
+    m_table->addTopLevelItems(items);
+}
+
+void CheckDock::choose() {
+    const QList<QTreeWidgetItem*> chosen = m_table->selectedItems();
+    const int index = chosen.isEmpty() ? -1 : m_table->indexOfTopLevelItem(chosen.first());
+    if (index >= 0) {
+        const gcode_check::Finding& finding = m_result->findings[static_cast<std::size_t>(index)];
+        m_sentence->setText(QString::fromStdString(finding.sentence));
+        const std::size_t line = finding.line;
+        int row = 0;
+        m_lines->setPlainText(
+            m_program->excerpt(std::max<std::size_t>(line, 1), kLinesAround, &row));
+        QTextEdit::ExtraSelection mark;
+        mark.cursor = QTextCursor(m_lines->document()->findBlockByNumber(row));
+        mark.format.setBackground(m_lines->palette().highlight());
+        mark.format.setForeground(m_lines->palette().highlightedText());
+        mark.format.setProperty(QTextFormat::FullWidthSelection, true);
+        m_lines->setTextCursor(mark.cursor);
+        m_lines->centerCursor();
+        m_lines->setExtraSelections(line == 0 ? QList<QTextEdit::ExtraSelection>()
+                                              : QList<QTextEdit::ExtraSelection>{mark});
+    }
+    Q_EMIT findingChosen(index);
+}
+
+void CheckDock::tellOutdated(const QString& why) {
+    if (m_result != nullptr) {
+        m_summary->setText(why);
+    }
+}
