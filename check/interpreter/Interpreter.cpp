@@ -113,13 +113,15 @@ private:
         if (m_machine.hasEnded()) {
             return;
         }
+        // Whatever stands in it, nobody reads a line that is left out.
+        if (m_block.isDeleted && m_options.blockDelete) {
+            return;
+        }
         if (!isReadable) {
             complain(std::move(fault));
             return;
         }
-        const bool isLeftOut = m_block.isDeleted && m_options.blockDelete;
-        if (m_reading.stopLine == 0 && !isLeftOut && m_block.hasText &&
-            !m_machine.execute(m_block, fault)) {
+        if (m_reading.stopLine == 0 && m_block.hasText && !m_machine.execute(m_block, fault)) {
             complain(std::move(fault));
         }
     }

@@ -96,8 +96,9 @@ void addCoverage(std::string& text, const CheckResult& result) {
         return;
     }
     if (result.coverageJudged) {
-        text += std::to_string(result.shapesCut) + " of " +
-                counted(result.shapes, "selected object", "selected objects") + " cut entirely\n";
+        text += std::to_string(result.shapesCut) + " of " + std::to_string(result.shapes) +
+                (result.shapes == 1 ? " selected object " : " selected objects ") +
+                "cut entirely\n";
     } else {
         text +=
             "Objects that are not cut were not looked for: the program stops before its last "

@@ -67,9 +67,8 @@ TEST_F(Check, WritesAProgramWithErrorsAllTheSameAndEndsWithItsOwnCode) {
     // The default postscript has words without a semicolon before them in its second line.
     const int line = plain.output.left(plain.output.indexOf("Safe height")).count('\n') + 1;
     EXPECT_TRUE(has(checked.messages, "[controller-rejects]"));
-    EXPECT_TRUE(
-        has(checked.messages, ("line " + QByteArray::number(line) + ": error: ").constData()))
-        << checked.messages.constData();
+    const QByteArray place = "line " + QByteArray::number(line) + ", column ";
+    EXPECT_TRUE(has(checked.messages, place.constData())) << checked.messages.constData();
     const CommandRun filed =
         runProgram(arguments + QStringList{"--check", "-o", m_work.path("b.nc")});
     EXPECT_EQ(filed.code, 5);
@@ -82,7 +81,7 @@ TEST_F(Check, SeesTheCommentAndTheLineNumbersThatAreWritten) {
         runProgram(QStringList{m_drawing, "--check", "--comment", "part seven", "--line-numbers"} +
                    settings());
     EXPECT_EQ(remark.code, 5);
-    EXPECT_TRUE(has(remark.messages, "line 1: error: ")) << remark.messages.constData();
+    EXPECT_TRUE(has(remark.messages, "line 1, column ")) << remark.messages.constData();
     const CommandRun comment = runProgram(
         QStringList{m_drawing, "--check", "--comment", "(part seven)", "--line-numbers"} +
         settings());
@@ -207,7 +206,7 @@ TEST_F(Check, ReadsALongProgram) {
     }
     const CommandRun run = check({m_work.write("long.nc", program + "G0 Z5\nM5\nfoul\n")});
     EXPECT_EQ(run.code, 5);
-    EXPECT_TRUE(has(run.output, "line 200007: error: ")) << run.output.left(2000).constData();
+    EXPECT_TRUE(has(run.output, "line 200007, column ")) << run.output.left(2000).constData();
 }
 
 TEST_F(Check, KnowsTheSwitchesOfTheMachine) {
@@ -217,7 +216,7 @@ TEST_F(Check, KnowsTheSwitchesOfTheMachine) {
     const QString noUnit =
         m_work.write("c.nc", "G90\nG0 Z5\nM3 S9\nG1 X1 Y1 F50\nG1 Z-1\nG1 X2\nG0 Z5\nM30\n");
     EXPECT_TRUE(has(check({noUnit}).output, "Figures (mm)"));
-    EXPECT_TRUE(has(check({noUnit, "--start-unit", "inch"}).output, "Figures (inch"));
+    EXPECT_TRUE(has(check({noUnit, "--start-unit", "inch"}).output, "Figures (in)"));
 }
 
 TEST_F(Check, TakesAnotherUnitForTheDrawing) {

@@ -37,6 +37,8 @@ struct Cut {
     PlanePoint to;
     bool isArc = false;
     PlanePoint centre;
+    /// Straight down or up: makes a hole, and no part of a line.
+    bool isStroke = false;
     double minX = 0;
     double maxX = 0;
     double minY = 0;
@@ -110,6 +112,7 @@ private:
         const PlanePoint to = {words['X'], words['Y']};
         if (code != "G0" && std::min(words['Z'], m_height) < 0) {
             Cut cut{m_place, to, code == "G03", {m_place.x + words['I'], m_place.y + words['J']}};
+            cut.isStroke = words['Z'] != m_height && distanceOf(m_place, to) == 0;
             findBox(cut);
             m_cuts.push_back(cut);
         }
@@ -171,7 +174,8 @@ std::vector<const Cut*> cutsAround(const gcode_check::Shape& shape, const std::v
     findBox(box);
     std::vector<const Cut*> near;
     for (const Cut& cut : cuts) {
-        if (cut.minX <= box.maxX + reach && cut.maxX >= box.minX - reach &&
+        const bool counts = shape.kind == ShapeKind::Point || !cut.isStroke;
+        if (counts && cut.minX <= box.maxX + reach && cut.maxX >= box.minX - reach &&
             cut.minY <= box.maxY + reach && cut.maxY >= box.minY - reach) {
             near.push_back(&cut);
         }

@@ -4,9 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace gcode_check {
 namespace {
-
-using namespace gcode_check;
 
 TEST(TextReport, HasAFindingALineThenCountsObjectsAndFigures) {
     Drawing drawing;
@@ -28,7 +27,7 @@ TEST(TextReport, HasAFindingALineThenCountsObjectsAndFigures) {
         "program: warning: The tool does not cut 19.98 mm of the 40 mm of line 4 of layer CUT, "
         "from X30.02 Y10 to X50 Y10. [not-cut]\n"
         "one error, one warning, 0 notes\n"
-        "0 of one selected object cut entirely\n"
+        "0 of 1 selected object cut entirely\n"
         "Figures (mm)\n"
         "  moves: X0 to 30, Y0 to 10, Z-1.5 to 2\n"
         "  cutting: X10 to 30, Y10 to 10, Z-1.5 to 0\n"
@@ -58,3 +57,4 @@ TEST(TextReport, IsInTheProgramsUnit) {
 }
 
 }  // namespace
+}  // namespace gcode_check
