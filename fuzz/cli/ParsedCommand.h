@@ -11,6 +11,8 @@
 struct ParsedCommand {
     Options options;
     std::optional<int> exitCode;
+    /// Whether all that was given was taken, even if more is needed.
+    bool isTaken = false;
     std::string output;
     std::string messages;
 };
