@@ -19,7 +19,8 @@ void DepthRule::step(const Step& step) {
 }
 
 void DepthRule::finish() {
-    if (!m_found || m_lowest < m_setting.surface - kSame) {
+    // A program that stops early does not come to its cuts: that is the stop's fault.
+    if (!m_found || m_setting.moreBehind || m_lowest < m_setting.surface - kSame) {
         return;
     }
     Finding* const finding = m_findings.add(FindingKind::DepthZero, Severity::Warning, m_line);
