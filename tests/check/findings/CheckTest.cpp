@@ -11,9 +11,8 @@
 #include "report/JsonReport.h"
 #include "report/TextReport.h"
 
+namespace gcode_check {
 namespace {
-
-using namespace gcode_check;
 
 const std::string kHead = "M3 S6000\nG21\nG90\nG0 X0Y0\nG0 Z2\n";
 const std::string kTail = "G0 Z50\nM5\nM30\n";
@@ -144,7 +143,7 @@ TEST(Check, ManyObjectsAndManyMovesTakeSeconds) {
     Drawing drawing;
     for (int at = 0; at < 20000; ++at) {
         const double x = at % 200 * 5;
-        const double y = at / 200 * 5;
+        const double y = (at - at % 200) / 200.0 * 5;
         drawing.shapes.push_back(lineShape({x, y}, {x + 4, y + 3}));
         const std::string start = "X" + std::to_string(x) + " Y" + std::to_string(y);
         const std::string end = "X" + std::to_string(x + 4) + " Y" + std::to_string(y + 3);
@@ -156,3 +155,4 @@ TEST(Check, ManyObjectsAndManyMovesTakeSeconds) {
 }
 
 }  // namespace
+}  // namespace gcode_check

@@ -10,9 +10,8 @@
 #include "interpreter/Interpreter.h"
 #include "report/TextReport.h"
 
+namespace gcode_check {
 namespace {
-
-using namespace gcode_check;
 
 constexpr double kTolerance = 0.05;
 constexpr double kSpacing = 0.01;
@@ -207,3 +206,4 @@ TEST(CoverageJudge, FindsTheCutsThatLieOffTheDrawingPlaceByPlace) {
 }
 
 }  // namespace
+}  // namespace gcode_check

@@ -6,9 +6,8 @@
 
 #include "findings/Check.h"
 
+namespace gcode_check {
 namespace {
-
-using namespace gcode_check;
 
 constexpr double kPiOfTest = 3.14159265358979323846;
 
@@ -97,3 +96,4 @@ TEST(Figures, TheWayToTheFirstPlaceIsNotAmongTheExtents) {
 }
 
 }  // namespace
+}  // namespace gcode_check

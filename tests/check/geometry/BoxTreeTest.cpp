@@ -7,9 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace gcode_check {
 namespace {
-
-using namespace gcode_check;
 
 std::vector<PlaneBox> randomBoxes(unsigned seed, std::size_t count) {
     std::mt19937 engine(seed);
@@ -80,3 +79,4 @@ TEST(BoxTree, TakesBoxesThatAllLieOnOneSpot) {
 }
 
 }  // namespace
+}  // namespace gcode_check

@@ -6,9 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace gcode_check {
 namespace {
-
-using namespace gcode_check;
 
 Shape arcShape(double startRad, double endRad) {
     Shape shape;
@@ -72,3 +71,4 @@ TEST(Curve, NumbersThatAreNoneCannotBeUsed) {
 }
 
 }  // namespace
+}  // namespace gcode_check

@@ -8,9 +8,8 @@
 
 #include <gtest/gtest.h>
 
+namespace gcode_check {
 namespace {
-
-using namespace gcode_check;
 
 class Random {
 public:
@@ -115,3 +114,4 @@ TEST(Near, ABoxThatACurveReachesIsNeverLeftOut) {
 }
 
 }  // namespace
+}  // namespace gcode_check

@@ -9,9 +9,8 @@
 
 #include "report/JsonWriter.h"
 
+namespace gcode_check {
 namespace {
-
-using namespace gcode_check;
 
 // Whether a text is JSON, by the grammar and nothing else.
 class JsonReader {
@@ -140,7 +139,7 @@ TEST(JsonReport, WithoutADrawingHasNoObjects) {
 TEST(JsonWriter, EscapesWhatATextMayNotHold) {
     JsonWriter json;
     json.beginObject();
-    json.text("all", std::string("\x01\x1f \"\\ \x7f \xc3\xa4 \xff\xc3(\xed\xa0\x80", 20));
+    json.text("all", std::string("\x01\x1f \"\\ \x7f \xc3\xa4 \xff\xc3(\xed\xa0\x80"));
     json.endObject();
     const std::string text = json.take();
     EXPECT_TRUE(isJson(text)) << text;
@@ -163,3 +162,4 @@ TEST(JsonWriter, ANumberThatIsNoneIsNull) {
 }
 
 }  // namespace
+}  // namespace gcode_check
