@@ -80,6 +80,10 @@ private:
     }
 
     void reportNowhere(const Hole& hole) {
+        // A stroke that stays above the surface drills nothing; that finding is enough.
+        if (!hole.inCycle && m_findings.has(FindingKind::DepthZero)) {
+            return;
+        }
         Finding* const finding =
             m_findings.add(FindingKind::CutOffDrawing, Severity::Error, hole.line);
         if (finding == nullptr) {
