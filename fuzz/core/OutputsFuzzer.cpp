@@ -189,6 +189,12 @@ private:
 
 }  // namespace
 
+/// The toolkit would complain about each file without a name.
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    return 0;
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     ByteReader input(data, size);
     Session session(&input);
