@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "geometry/Near.h"
 
@@ -23,11 +22,11 @@ struct Overlap {
     std::size_t cut = 0;
 };
 
-struct Doubled {
-    std::vector<Interval> parts;
-    std::uint32_t firstLine = std::numeric_limits<std::uint32_t>::max();
-    std::uint32_t secondLine = std::numeric_limits<std::uint32_t>::max();
-    std::size_t secondMotion = 0;
+// Two cuts along the same part of an object, in the program's order.
+struct Pair {
+    Interval part;
+    std::size_t first = 0;
+    std::size_t second = 0;
 };
 
 double cross(const PlanePoint& a, const PlanePoint& b) {
@@ -82,18 +81,22 @@ private:
         if (m_overlaps.size() < 2) {
             return;
         }
-        Doubled doubled = doubledOf(curve);
-        unite(doubled.parts);
+        findPairs(curve);
+        std::vector<Interval> parts;
+        for (const Pair& pair : m_pairs) {
+            parts.push_back(pair.part);
+        }
+        unite(parts);
         const double length = lengthOf(curve);
         const double least =
             std::min(kLeastInTolerances * m_scene.setting.tolerance, kNearlyAll * length);
-        doubled.parts.erase(std::remove_if(doubled.parts.begin(), doubled.parts.end(),
-                                           [length, least](const Interval& part) {
-                                               return (part.to - part.from) * length < least;
-                                           }),
-                            doubled.parts.end());
-        if (!doubled.parts.empty()) {
-            reportCurve(index, curve, doubled);
+        parts.erase(std::remove_if(parts.begin(), parts.end(),
+                                   [length, least](const Interval& part) {
+                                       return (part.to - part.from) * length < least;
+                                   }),
+                    parts.end());
+        if (!parts.empty()) {
+            reportCurve(index, curve, parts);
         }
     }
 
@@ -117,8 +120,8 @@ private:
         });
     }
 
-    Doubled doubledOf(const Curve& curve) {
-        Doubled doubled;
+    void findPairs(const Curve& curve) {
+        m_pairs.clear();
         m_active.clear();
         for (const Overlap& overlap : m_overlaps) {
             m_active.erase(std::remove_if(m_active.begin(), m_active.end(),
@@ -127,16 +130,15 @@ private:
                                           }),
                            m_active.end());
             for (const Overlap& other : m_active) {
-                judgePair(curve, overlap, other, doubled);
+                judgePair(curve, overlap, other);
             }
             if (m_active.size() < kPassesAtMost) {
                 m_active.push_back(overlap);
             }
         }
-        return doubled;
     }
 
-    void judgePair(const Curve& curve, const Overlap& a, const Overlap& b, Doubled& doubled) const {
+    void judgePair(const Curve& curve, const Overlap& a, const Overlap& b) {
         if (a.cut == b.cut) {
             return;
         }
@@ -148,35 +150,54 @@ private:
         if (deeper && !m_scene.anyHeight) {
             return;
         }
-        doubled.parts.push_back(part);
-        if (second.line < doubled.secondLine) {
-            doubled.firstLine = first.line;
-            doubled.secondLine = second.line;
-            doubled.secondMotion = second.motion;
-        }
+        m_pairs.push_back({part, std::min(a.cut, b.cut), std::max(a.cut, b.cut)});
     }
 
-    void reportCurve(std::size_t index, const Curve& curve, const Doubled& doubled) {
+    // The pair that comes first of those that make up the part; where lines join, their neighbours
+    // lie beside each other for a hair.
+    const Pair& tellingPair(const Interval& part, double length) const {
+        const auto shared = [&part, length](const Pair& pair) {
+            return (std::min(pair.part.to, part.to) - std::max(pair.part.from, part.from)) * length;
+        };
+        const double enough =
+            std::min(m_scene.setting.tolerance, (part.to - part.from) * length / 2);
+        const auto isBetter = [&shared, enough](const Pair& pair, const Pair& other) {
+            if (shared(pair) >= enough && shared(other) >= enough) {
+                return pair.second < other.second;
+            }
+            return shared(pair) > shared(other);
+        };
+        const Pair* best = &m_pairs.front();
+        for (const Pair& pair : m_pairs) {
+            best = isBetter(pair, *best) ? &pair : best;
+        }
+        return *best;
+    }
+
+    void reportCurve(std::size_t index, const Curve& curve, const std::vector<Interval>& parts) {
+        const Pair& pair = tellingPair(parts.front(), lengthOf(curve));
+        const Cut& first = m_scene.cuts.cuts[pair.first];
+        const Cut& second = m_scene.cuts.cuts[pair.second];
         Finding* const finding =
-            m_findings.add(FindingKind::CutTwice, Severity::Warning, doubled.secondLine);
+            m_findings.add(FindingKind::CutTwice, Severity::Warning, second.line);
         if (finding == nullptr) {
             return;
         }
         const Wording& words = m_scene.setting.words;
         const double length = lengthOf(curve);
-        const double twice = length * widthOf(doubled.parts);
-        const PlanePoint from = pointAt(curve, doubled.parts.front().from);
-        const PlanePoint to = pointAt(curve, doubled.parts.front().to);
+        const double twice = length * widthOf(parts);
+        const PlanePoint from = pointAt(curve, parts.front().from);
+        const PlanePoint to = pointAt(curve, parts.front().to);
         const std::string name = nameOf(m_scene.drawing.shapes[index], index);
         finding->sentence = "The tool cuts " + name + " twice, here and in line " +
-                            std::to_string(doubled.firstLine) + " already: " + words.length(twice) +
+                            std::to_string(first.line) + " already: " + words.length(twice) +
                             " of " + words.length(length) + ", from " + words.place(from) + " to " +
                             words.place(to) + ".";
         finding->numbers = {{"twice", twice}, {"length", length}};
         const double z = m_scene.setting.surface;
         Place place = placeOf(m_scene.setting, {from.x, from.y, z}, {to.x, to.y, z});
-        place.firstMotion = doubled.secondMotion;
-        place.lastMotion = doubled.secondMotion;
+        place.firstMotion = second.motion;
+        place.lastMotion = second.motion;
         finding->place = place;
         finding->shape = index;
     }
@@ -224,6 +245,7 @@ private:
     std::vector<Overlap> m_overlaps;
     std::vector<Overlap> m_active;
     std::vector<Interval> m_parts;
+    std::vector<Pair> m_pairs;
 };
 
 }  // namespace
