@@ -23,9 +23,11 @@ Affine placementOf(const InsertShape& insert, const kxVector3& base, int column,
     return insert.mirrored ? Affine::mirroredExtrusion() * map : map;
 }
 
-std::string limitText(std::size_t objects) {
-    return "gives more than " + std::to_string(objects) + " objects";
+std::string limitText(std::size_t limit, const char* things) {
+    return "gives more than " + std::to_string(limit) + ' ' + things;
 }
+
+constexpr std::size_t kCharactersPerPoint = 8;
 
 }  // namespace
 
@@ -69,12 +71,15 @@ void BlockExpander::expandEntity(const Entity& entity, const Affine& root) {
 void BlockExpander::expandTopInsert(const Entity& entity, const InsertShape& insert,
                                     const Affine& root) {
     const std::size_t before = m_objects.size();
+    const std::size_t pointsBefore = m_points;
     m_inside = {};
     m_overBudget = false;
-    std::string reason = expandInsert(insert, {root, entity.layer, isFrozen(entity.layer), 0});
-    if (m_overBudget || m_objects.size() > std::max(before, m_limits.objects)) {
+    std::string reason = expandInsert(insert, {root, &entity.layer, isFrozen(entity.layer), 0});
+    const std::string limit = limitReason(before, pointsBefore);
+    if (!limit.empty()) {
         m_objects.resize(before);
-        reason = limitText(m_limits.objects);
+        m_points = pointsBefore;
+        reason = limit;
     } else {
         m_report.addInBlocks(m_inside);
     }
@@ -96,7 +101,7 @@ std::string BlockExpander::expandInsert(const InsertShape& insert, const Placeme
     if (block == m_model.blocks.end()) {
         return "the block is missing";
     }
-    if (std::find(m_open.begin(), m_open.end(), insert.block) != m_open.end()) {
+    if (std::find(m_open.begin(), m_open.end(), &block->second) != m_open.end()) {
         return "the block refers to itself";
     }
     if (where.depth >= m_limits.depth) {
@@ -105,7 +110,7 @@ std::string BlockExpander::expandInsert(const InsertShape& insert, const Placeme
     if (insert.scale.x == 0 || insert.scale.y == 0) {
         return "a scale of 0";
     }
-    m_open.push_back(insert.block);
+    m_open.push_back(&block->second);
     for (int row = 0; row < insert.rows && !m_overBudget; ++row) {
         for (int column = 0; column < insert.columns && !overBudget(); ++column) {
             const Affine map = placementOf(insert, block->second.base, column, row);
@@ -128,14 +133,17 @@ void BlockExpander::expandBlock(const Block& block, const Placement& where) {
 
 void BlockExpander::expandInBlock(const Entity& entity, const Placement& where) {
     const bool inherits = entity.layer == "0" || where.frozen;
-    const std::string& layer = inherits ? where.layer : entity.layer;
+    const std::string& layer = inherits ? *where.layer : entity.layer;
     if (const auto* insert = std::get_if<InsertShape>(&entity.content)) {
         const std::string problem =
-            expandInsert(*insert, {where.map, layer, isFrozen(layer), where.depth});
+            expandInsert(*insert, {where.map, &layer, isFrozen(layer), where.depth});
         if (!problem.empty()) {
             tally(entity, layer, ImportOutcome::LeftOut, problem);
         }
     } else if (const auto* shape = std::get_if<Shape>(&entity.content)) {
+        if (overBudget(pointsOf(*shape))) {
+            return;
+        }
         const Emitted emitted = makeObjects(*shape, where.map, layer);
         if (!emitted.problem.empty()) {
             tally(entity, layer, ImportOutcome::LeftOut, emitted.problem);
@@ -161,12 +169,29 @@ bool BlockExpander::goesOn() {
     });
 }
 
-bool BlockExpander::overBudget() {
+bool BlockExpander::overBudget(std::size_t work) {
     // Blocks of nothing but inserts double without giving an object: the work counts as well.
-    ++m_work;
+    m_work += work;
     m_overBudget = m_overBudget || !goesOn() || m_objects.size() > m_limits.objects ||
-                   m_work > 20 * (m_limits.objects + m_model.entities.size());
+                   m_points > m_limits.points || m_work > greatestWork();
     return m_overBudget;
+}
+
+std::size_t BlockExpander::greatestWork() const {
+    return m_limits.work * (m_limits.objects + m_model.entities.size());
+}
+
+std::string BlockExpander::limitReason(std::size_t objectsBefore, std::size_t pointsBefore) const {
+    if (m_objects.size() > std::max(objectsBefore, m_limits.objects)) {
+        return limitText(m_limits.objects, "objects");
+    }
+    if (m_points > std::max(pointsBefore, m_limits.points)) {
+        return limitText(m_limits.points, "points");
+    }
+    if (m_work > greatestWork()) {
+        return "the inserts take too many steps";
+    }
+    return m_overBudget ? limitText(m_limits.objects, "objects") : "";
 }
 
 void BlockExpander::tally(const Entity& entity, const std::string& layer, ImportOutcome outcome,
@@ -191,6 +216,7 @@ BlockExpander::Emitted BlockExpander::makeObjects(const Shape& shape, const Affi
     for (const Shape& part : m_image) {
         if (kxObject_ptr object = makeObject(name, part)) {
             m_objects.push_back(std::move(object));
+            m_points += pointsOf(part) + layer.size() / kCharactersPerPoint;
         }
     }
     result.objects = static_cast<long>(m_objects.size() - before);

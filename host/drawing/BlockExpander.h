@@ -17,6 +17,11 @@ struct ExpandLimits {
     int depth = 32;
     /// Objects of the whole drawing that inserts may bring it to.
     std::size_t objects = 2000000;
+    /// Points that inserts may bring the objects to: vertices of polylines, control points and
+    /// knots of splines; eight characters of a text or of a layer's name count as one.
+    std::size_t points = 20000000;
+    /// Points and inserts that are looked at to expand all inserts, for each object and entity.
+    std::size_t work = 20;
 };
 
 /// Makes the objects of a drawing, in drawing order: transforms shapes, replaces inserts by what
@@ -35,8 +40,8 @@ private:
     /// Where the entities of a block go.
     struct Placement {
         Affine map;
-        /// What replaces layer 0 inside of the block.
-        std::string layer;
+        /// What replaces layer 0 inside of the block: a name of the model.
+        const std::string* layer = nullptr;
         /// That layer is frozen: then it takes all that the block holds.
         bool frozen = false;
         int depth = 0;
@@ -49,7 +54,10 @@ private:
     void expandBlock(const Block& block, const Placement& where);
     void expandInBlock(const Entity& entity, const Placement& where);
     bool isFrozen(const std::string& layer) const;
-    bool overBudget();
+    bool overBudget(std::size_t work = 1);
+    /// Why an insert gives too much; empty when it does not.
+    std::string limitReason(std::size_t objectsBefore, std::size_t pointsBefore) const;
+    std::size_t greatestWork() const;
     /// Counts an entity; false when the reading is stopped.
     bool goesOn();
     void tally(const Entity& entity, const std::string& layer, ImportOutcome outcome,
@@ -72,7 +80,8 @@ private:
     std::vector<kxObject_ptr> m_objects;
     std::vector<Shape> m_image;
     /// The blocks that are being expanded, outermost first.
-    std::vector<std::string> m_open;
+    std::vector<const Block*> m_open;
+    std::size_t m_points = 0;
     std::size_t m_work = 0;
     bool m_overBudget = false;
 };

@@ -12,19 +12,30 @@ namespace {
 /// Beyond this radius an arc counts as straight, unless it leaves its chord visibly.
 constexpr double kGreatestRadius = 1e9;
 constexpr double kVisibleSagitta = 1e-3;
+constexpr double kGreatestExactRadius = 1e12;
 
 double chordLength(const BulgeSegment& segment) {
     return std::hypot(segment.second.x - segment.first.x, segment.second.y - segment.first.y);
 }
 
+double radiusOf(const BulgeSegment& segment) {
+    const double b = segment.bulge;
+    return chordLength(segment) * (1 + b * b) / (4 * std::abs(b));
+}
+
 }  // namespace
+
+bool isTooLarge(const BulgeSegment& segment) {
+    return segment.bulge != 0 && radiusOf(segment) > kGreatestExactRadius &&
+           sagitta(segment) >= kVisibleSagitta;
+}
 
 std::optional<kxCircleArcData> bulgeArc(const BulgeSegment& segment) {
     const double b = segment.bulge;
     const double chord = chordLength(segment);
-    const double radius = chord * (1 + b * b) / (4 * std::abs(b));
+    const double radius = radiusOf(segment);
     const bool hardlyBent = radius > kGreatestRadius && sagitta(segment) < kVisibleSagitta;
-    if (b == 0 || chord == 0 || hardlyBent || !std::isfinite(radius)) {
+    if (b == 0 || chord == 0 || hardlyBent || !(radius <= kGreatestExactRadius)) {
         return std::nullopt;
     }
     const double dx = segment.second.x - segment.first.x;

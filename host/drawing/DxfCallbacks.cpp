@@ -34,7 +34,7 @@ AngleSpan mirroredDeg(AngleSpan span) {
 }  // namespace
 
 void DxfModelBuilder::setShape(Shape shape) {
-    m_entity.content = std::move(shape);
+    m_entity->content = std::move(shape);
 }
 
 void DxfModelBuilder::setPlaneShape(Shape shape) {
@@ -97,7 +97,7 @@ void DxfModelBuilder::addArc(const DL_ArcData& data) {
 
 void DxfModelBuilder::addEllipse(const DL_EllipseData& data) {
     if (std::abs(data.mz) > 1e-9 * std::hypot(data.mx, data.my)) {
-        m_entity.content = LeftOut{"not parallel to the XY plane"};
+        m_entity->content = LeftOut{"not parallel to the XY plane"};
         return;
     }
     const double ratio = m_mirrored ? -data.ratio : data.ratio;
@@ -151,14 +151,14 @@ void DxfModelBuilder::finishPolyline() {
     PendingPolyline polyline = std::move(*m_polyline);
     m_polyline.reset();
     if (!polyline.problem.empty()) {
-        m_entity.content = LeftOut{polyline.problem};
+        m_entity->content = LeftOut{polyline.problem};
     } else if (polyline.space) {
         setShape(std::move(polyline.data));
     } else {
         setPlaneShape(std::move(polyline.data));
     }
     if (polyline.controlPoints && polyline.problem.empty()) {
-        m_entity.convertedInto = "polyline without its control points";
+        m_entity->convertedInto = "polyline without its control points";
     }
     finishEntity();
 }
@@ -194,9 +194,9 @@ void DxfModelBuilder::finishSpline() {
         setShape(spline.data);
     } else if (const auto fitted = splineThrough(spline.fitPoints, spline.closed)) {
         setShape(*fitted);
-        m_entity.convertedInto = "spline through its fit points";
+        m_entity->convertedInto = "spline through its fit points";
     } else {
-        m_entity.content = LeftOut{"fewer than two points"};
+        m_entity->content = LeftOut{"fewer than two points"};
     }
 }
 
@@ -211,7 +211,7 @@ void DxfModelBuilder::addInsert(const DL_InsertData& data) {
     insert.columnSpacing = data.colSp;
     insert.rowSpacing = data.rowSp;
     insert.mirrored = m_mirrored;
-    m_entity.content = insert;
+    m_entity->content = insert;
 }
 
 void DxfModelBuilder::addNote(const DL_TextData& data) {
@@ -228,7 +228,7 @@ void DxfModelBuilder::addText(const DL_TextData& data) {
 
 void DxfModelBuilder::addAttribute(const DL_AttributeData& data) {
     addNote(data);
-    m_entity.convertedInto = "note";
+    m_entity->convertedInto = "note";
 }
 
 void DxfModelBuilder::addMText(const DL_MTextData& data) {

@@ -20,6 +20,12 @@ long countOf(const DxfRecord& record, int code) {
                          [code](const DxfGroup& group) { return group.code == code; });
 }
 
+/// Whether dxflib gets a group: the name of a block or layer, and the numbers that are taken from
+/// it. A group 9 in an entity would end that for dxflib, a comment could make it throw.
+bool isPassedOn(int code) {
+    return code == 2 || (code >= 10 && code <= 79);
+}
+
 /// Whether a group states how many of others follow.
 bool isCount(std::string_view type, int code) {
     return (type == "LWPOLYLINE" && code == 90) ||
@@ -36,7 +42,16 @@ std::string nameKey(std::string_view name) {
     return key;
 }
 
-DxfModelBuilder::DxfModelBuilder() : m_parser(std::make_unique<DL_Dxf>()) {}
+DxfModelBuilder::DxfModelBuilder() : m_parser(std::make_unique<DL_Dxf>()) {
+    initParser();
+}
+
+void DxfModelBuilder::initParser() {
+    // Its constructor leaves a part of its state to chance: what kind of record is open, which the
+    // start of a file sets, and the version that wrote the file, which a comment does.
+    std::istringstream file("999\ndxflib 3.0.0.0\n");
+    m_parser->in(file, this);
+}
 
 DxfModelBuilder::~DxfModelBuilder() = default;
 
@@ -46,6 +61,11 @@ DxfModel DxfModelBuilder::finish() {
 }
 
 void DxfModelBuilder::take(const DxfRecord& record) {
+    if (record.section != m_section) {
+        // Its vertices can't be in another section, and where it belongs must still be known.
+        finishPolyline();
+        m_section = record.section;
+    }
     if (record.section == "HEADER") {
         if (record.type == "$INSUNITS") {
             m_model.insertUnits = record.integer(70, 0);
@@ -68,10 +88,8 @@ void DxfModelBuilder::takeEntity(const DxfRecord& record) {
         return;
     }
     finishPolyline();
-    if (record.type == "BLOCK" || record.type == "ENDBLK") {
-        if (m_inBlocks) {
-            feed(record);
-        }
+    if (m_inBlocks && (record.type == "BLOCK" || record.type == "ENDBLK")) {
+        feed(record);
     } else if (record.type != "SEQEND") {
         beginEntity(record);
         // The vertices of a polyline follow as records of their own.
@@ -84,9 +102,8 @@ void DxfModelBuilder::takeEntity(const DxfRecord& record) {
 }
 
 void DxfModelBuilder::beginEntity(const DxfRecord& record) {
-    const bool stray = record.type == "VERTEX";
-    const std::string reason = stray ? "vertex without a polyline" : reasonToLeaveOut(record);
-    m_entity = {record.type, layerOf(record), LeftOut{reason}, ""};
+    const std::string reason = reasonToLeaveOut(record);
+    m_entity = Entity{record.type, layerOf(record), LeftOut{reason}, ""};
     m_mirrored = orientationOf(record) == Orientation::Mirrored;
     if (!reason.empty()) {
         if (record.type == "POLYLINE") {
@@ -95,20 +112,28 @@ void DxfModelBuilder::beginEntity(const DxfRecord& record) {
         }
         return;
     }
-    m_entity.content = LeftOut{"not understood"};
+    m_entity->content = LeftOut{"not understood"};
     if (!takePlain(record)) {
         feed(record);
     }
 }
 
 void DxfModelBuilder::finishEntity() {
-    if (!m_entity.type.empty()) {
-        store(std::exchange(m_entity, {}));
+    if (m_entity) {
+        store(std::move(*m_entity));
+        m_entity.reset();
     }
 }
 
 void DxfModelBuilder::takeVertex(const DxfRecord& record) {
     const auto flags = static_cast<unsigned>(record.integer(70, 0));
+    constexpr unsigned kFace = 128;
+    constexpr unsigned kMeshVertex = 64;
+    if ((flags & kFace) != 0 && (flags & kMeshVertex) == 0) {
+        // It has no place, so dxflib passes it over.
+        m_polyline->problem = "mesh";
+        return;
+    }
     if ((flags & 16U) != 0) {
         // It steers the curve that the other vertices follow.
         m_polyline->controlPoints = true;
@@ -127,28 +152,58 @@ void DxfModelBuilder::feed(const DxfRecord& record) {
     write(0, record.type);
     writeCounts(record);
     for (const DxfGroup& group : record.groups) {
-        if (!isCount(record.type, group.code)) {
-            write(group.code, group.value);
+        if (isPassedOn(group.code) && !isCount(record.type, group.code)) {
+            write(group);
         }
     }
     // dxflib hands a record over when the next one begins.
     write(0, "EOF");
-    m_stream.clear();
-    m_stream.str(m_input);
-    for (long i = 0; i < m_inputGroups; ++i) {
-        m_parser->readDxfGroups(m_stream, this);
-    }
+    parse();
     m_record = nullptr;
 }
 
+void DxfModelBuilder::parse() {
+    constexpr long kGroupsPerQuestion = 1000;
+    m_stream.clear();
+    m_stream.str(m_input);
+    for (long i = 1; i <= m_inputGroups; ++i) {
+        m_parser->readDxfGroups(m_stream, this);
+        if (m_progress != nullptr && i % kGroupsPerQuestion == 0) {
+            m_progress->repeat();
+            if (m_progress->isStopped()) {
+                break;
+            }
+        }
+    }
+}
+
 void DxfModelBuilder::write(int code, std::string_view value) {
-    // dxflib stops at longer lines; long texts are taken from the record.
-    constexpr std::size_t kGreatestLength = DL_DXF_MAXLINE - 2;
     m_input += std::to_string(code);
     m_input += '\n';
-    m_input += value.substr(0, kGreatestLength);
+    m_input += value;
     m_input += '\n';
     ++m_inputGroups;
+}
+
+void DxfModelBuilder::write(const DxfGroup& group) {
+    // dxflib stops at lines of more bytes than this.
+    constexpr std::size_t kGreatestLength = 1000;
+    static_assert(kGreatestLength < DL_DXF_MAXLINE);
+    switch (groupKind(group.code)) {
+        case GroupKind::Integer:
+            // dxflib reads "1e1" as 1.
+            write(group.code, std::to_string(parseInt(group.value).value_or(0)));
+            break;
+        case GroupKind::Real:
+            write(group.code, group.value.size() <= kGreatestLength
+                                  ? group.value
+                                  : realText(parseReal(group.value).value_or(0)));
+            break;
+        case GroupKind::Text:
+            // Names are taken from the record: dxflib only asks whether there is one.
+            write(group.code, std::string_view(group.value).substr(0, kGreatestLength));
+            break;
+    }
 }
 
 void DxfModelBuilder::writeCounts(const DxfRecord& record) {

@@ -14,6 +14,7 @@
 
 #include "drawing/DxfRecord.h"
 #include "drawing/EntityModel.h"
+#include "drawing/ReadProgress.h"
 
 class DL_Dxf;
 
@@ -44,6 +45,9 @@ public:
     ~DxfModelBuilder() override;
 
     void take(const DxfRecord& record);
+    /// Asks `progress` now and then within a record whether to go on; when not, the model is not
+    /// whole.
+    void setProgress(ReadProgress* progress) { m_progress = progress; }
     /// Ends the last entity and hands the model out; call once.
     DxfModel finish();
 
@@ -68,13 +72,16 @@ public:
     void addAttribute(const DL_AttributeData& data) override;
 
 private:
+    void initParser();
     void takeEntity(const DxfRecord& record);
     void beginEntity(const DxfRecord& record);
     void finishEntity();
     void takeVertex(const DxfRecord& record);
     bool takePlain(const DxfRecord& record);
     void feed(const DxfRecord& record);
+    void parse();
     void write(int code, std::string_view value);
+    void write(const DxfGroup& group);
     void writeCounts(const DxfRecord& record);
     void finishPolyline();
     void finishSpline();
@@ -97,10 +104,13 @@ private:
     std::string m_input;
     long m_inputGroups = 0;
     std::istringstream m_stream;
-    Entity m_entity;
+    std::optional<Entity> m_entity;
     std::optional<PendingPolyline> m_polyline;
     std::optional<PendingSpline> m_spline;
     Block* m_block = nullptr;
+    ReadProgress* m_progress = nullptr;
+    /// The section of the record before.
+    std::string m_section;
     bool m_mirrored = false;
     bool m_inBlocks = false;
 };

@@ -35,16 +35,23 @@ void noteHiddenLayers(Drawing* drawing) {
 
 void readRecords(DxfScanner* scanner, DxfModelBuilder* builder, ReadProgress* progress) {
     const auto fraction = [&] { return ReadProgress::kFileShare * scanner->fraction(); };
+    scanner->setGoesOn([&] {
+        progress->report(fraction());
+        return !progress->isStopped();
+    });
+    builder->setProgress(progress);
     DxfRecord record;
     while (progress->step(fraction) && scanner->next(&record)) {
         builder->take(record);
     }
+    scanner->setGoesOn({});
 }
 
 ReadResult readChecked(const std::string& path, const ReadOptions& options) {
     DxfScanner scanner;
     DxfModelBuilder builder;
     ReadProgress progress(options.progress);
+    scanner.setLimits(options.scan);
     if (scanner.open(path)) {
         readRecords(&scanner, &builder, &progress);
     }

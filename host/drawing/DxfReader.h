@@ -10,6 +10,7 @@
 
 #include "drawing/BlockExpander.h"
 #include "drawing/DxfDiagnostic.h"
+#include "drawing/DxfScanner.h"
 #include "drawing/ImportReport.h"
 #include "drawing/ReadProgress.h"
 
@@ -17,6 +18,7 @@ namespace kxdrawing {
 
 struct ReadOptions {
     ExpandLimits limits;
+    ScanLimits scan;
     /// Called now and then from the reading thread with what part is done, 0 to 1; false stops the
     /// reading.
     ProgressReport progress;

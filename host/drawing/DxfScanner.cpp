@@ -6,7 +6,9 @@
 #include <charconv>
 #include <cmath>
 
+#include "drawing/DxfText.h"
 #include "drawing/Numbers.h"
+#include "files/PrintableText.h"
 
 namespace kxdrawing {
 
@@ -15,14 +17,31 @@ namespace {
 constexpr int kComment = 999;
 constexpr int kFirstExtendedDataCode = 1000;
 
+constexpr std::size_t kShownLength = 40;
+constexpr long kGroupsPerQuestion = 1000;
+/// In characters, as the format has it.
+constexpr std::size_t kLongestName = 255;
+
 /// A value as a message shows it: printable and short.
+std::string shown(std::string_view text) {
+    const bool isLong = text.size() > kShownLength;
+    return kxfiles::printable(text.substr(0, kShownLength)) + (isLong ? "..." : "");
+}
+
 std::string quoted(std::string_view text) {
-    std::string result = "\"";
-    for (const char c : text.substr(0, 40)) {
-        const bool printable = static_cast<unsigned char>(c) >= 0x20 && c != 0x7f;
-        result += printable ? c : '?';
-    }
-    return result + (text.size() > 40 ? "...\"" : "\"");
+    return '"' + shown(text) + '"';
+}
+
+/// Whether a group names what is copied for each object that refers to it.
+bool isName(const DxfRecord& record, int code) {
+    const bool isNamed =
+        record.type == "INSERT" || record.type == "BLOCK" || record.type == "LAYER";
+    return code == 8 || (code == 2 && isNamed);
+}
+
+std::size_t lengthOf(std::string_view name) {
+    // A character takes one byte at least, so few names must be looked at.
+    return name.size() <= kLongestName ? name.size() : characterCount(decodeText(name));
 }
 
 std::optional<int> parseCode(std::string_view text) {
@@ -65,8 +84,11 @@ bool DxfScanner::open(const std::string& path) {
 bool DxfScanner::readFirstGroup() {
     DxfGroup group;
     if (!readGroup(&group)) {
-        if (m_codeLine.rfind("AutoCAD Binary DXF", 0) == 0) {
-            m_error->found = "binary DXF is not supported; save as ASCII DXF";
+        const bool isBinary = m_codeLine.rfind("AutoCAD Binary DXF", 0) == 0;
+        const bool isDwg = m_codeLine.rfind("AC10", 0) == 0;
+        if (m_error->line == 1 && (isBinary || isDwg)) {
+            m_error->found =
+                std::string(isDwg ? "DWG" : "binary DXF") + " is not supported; save as ASCII DXF";
             m_error->expected.clear();
         }
         return false;
@@ -95,7 +117,7 @@ bool DxfScanner::readLine(std::string* line, const char* expected) {
     }
     std::string found = "truncated: the file ends";
     if (!m_section.empty()) {
-        found += " in section " + m_section + ", begun in " + lineText(m_sectionLine);
+        found += " in section " + shown(m_section) + ", begun in " + lineText(m_sectionLine);
     }
     return fail(m_lines.lineNumber(), found, expected);
 }
@@ -143,7 +165,7 @@ bool DxfScanner::next(DxfRecord* record) {
             record->type = head.value;
             record->section = m_section;
             record->line = head.line;
-            return readGroups(record);
+            return checkRecord(head) && readGroups(record);
         }
     }
     return false;
@@ -169,13 +191,14 @@ DxfScanner::Step DxfScanner::takeHead(const DxfGroup& head) {
         fail(head.line, quoted(head.value) + " outside of a section", "SECTION or EOF");
         return Step::Failed;
     }
-    return trackBlocks(head) ? Step::Record : Step::Failed;
+    const bool good = checkHead(head) && trackBlocks(head);
+    return good ? Step::Record : Step::Failed;
 }
 
 bool DxfScanner::beginSection(const DxfGroup& head) {
     if (!m_section.empty()) {
         return fail(head.line,
-                    "a new section, but section " + m_section + ", begun in " +
+                    "a new section, but section " + shown(m_section) + ", begun in " +
                         lineText(m_sectionLine) + ", has no ENDSEC",
                     "ENDSEC");
     }
@@ -185,6 +208,9 @@ bool DxfScanner::beginSection(const DxfGroup& head) {
     }
     if (name.code != 2 || name.value.empty()) {
         return fail(name.line, "a section without a name", "group 2 with the section's name");
+    }
+    if (!checkName(name)) {
+        return false;
     }
     m_section = name.value;
     m_sectionLine = head.line;
@@ -207,12 +233,25 @@ bool DxfScanner::endSection(const DxfGroup& head) {
 bool DxfScanner::endFile(const DxfGroup& head) {
     if (!m_section.empty()) {
         return fail(head.line,
-                    "EOF, but section " + m_section + ", begun in " + lineText(m_sectionLine) +
-                        ", has no ENDSEC",
+                    "EOF, but section " + shown(m_section) + ", begun in " +
+                        lineText(m_sectionLine) + ", has no ENDSEC",
                     "ENDSEC");
     }
     m_ended = true;
     return true;
+}
+
+/// In sections that are not read, such as that of a preview picture, groups may stand by
+/// themselves.
+bool DxfScanner::checkHead(const DxfGroup& head) {
+    const int wanted = m_section == "HEADER" ? 9 : 0;
+    const bool isRead = m_section == "HEADER" || m_section == "TABLES" || m_section == "BLOCKS" ||
+                        m_section == "ENTITIES";
+    if (!isRead || head.code == wanted) {
+        return true;
+    }
+    return fail(head.line, quoted(head.value) + " (group " + std::to_string(head.code) + ")",
+                "group " + std::to_string(wanted));
 }
 
 bool DxfScanner::trackBlocks(const DxfGroup& head) {
@@ -234,14 +273,31 @@ bool DxfScanner::trackBlocks(const DxfGroup& head) {
     return true;
 }
 
+bool DxfScanner::checkRecord(const DxfGroup& head) {
+    const bool counts =
+        m_section == "ENTITIES" || m_section == "BLOCKS" || isReadRecord(m_section, head.value);
+    m_records += counts ? 1 : 0;
+    if (m_records > m_limits.records) {
+        return fail(head.line, "more than " + std::to_string(m_limits.records) + " entities", "");
+    }
+    return !counts || checkName(head);
+}
+
+bool DxfScanner::checkName(const DxfGroup& group) {
+    const std::size_t length = lengthOf(group.value);
+    return length <= kLongestName ||
+           fail(group.line, "a name of " + std::to_string(length) + " characters",
+                "a name of at most " + std::to_string(kLongestName));
+}
+
 bool DxfScanner::readGroups(DxfRecord* record) {
     record->groups.clear();
-    const bool keep = isReadRecord(record->section, record->type);
-    const bool layerOnly = record->section == "ENTITIES" || record->section == "BLOCKS";
+    m_keepsAll = isReadRecord(record->section, record->type);
+    m_keepsPlace = record->section == "ENTITIES" || record->section == "BLOCKS";
     bool application = false;
     bool embedded = false;
     DxfGroup group;
-    while (readGroup(&group)) {
+    for (long count = 1; readGroup(&group); ++count) {
         if (group.code == 0 || (group.code == 9 && record->section == "HEADER")) {
             m_head = std::move(group);
             return true;
@@ -249,15 +305,39 @@ bool DxfScanner::readGroups(DxfRecord* record) {
         embedded = embedded || group.code == 101;
         if (group.code == 102) {
             application = trimmed(group.value).substr(0, 1) == "{";
-        } else if (!application && !embedded && group.code < kFirstExtendedDataCode &&
-                   (keep || (layerOnly && (group.code == 8 || group.code == 67)))) {
-            if (keep && !checkValue(group)) {
-                return false;
-            }
-            record->groups.push_back(std::move(group));
+        } else if (!application && !embedded && !takeGroup(&group, record)) {
+            return false;
+        }
+        if (count % kGroupsPerQuestion == 0 && !goesOnAfter(count, *record)) {
+            return false;
         }
     }
     return false;
+}
+
+/// Keeps a group that is read; false when it can't be right.
+bool DxfScanner::takeGroup(DxfGroup* group, DxfRecord* record) {
+    const bool isPlace = group->code == 8 || group->code == 67;
+    const bool isKept = m_keepsAll || (m_keepsPlace && isPlace);
+    if (group->code >= kFirstExtendedDataCode || !isKept) {
+        return true;
+    }
+    if ((m_keepsAll && !checkValue(*group)) ||
+        (isName(*record, group->code) && !checkName(*group))) {
+        return false;
+    }
+    record->groups.push_back(std::move(*group));
+    return true;
+}
+
+bool DxfScanner::goesOnAfter(long groups, const DxfRecord& record) {
+    if (groups >= m_limits.groups && static_cast<long>(record.groups.size()) >= m_limits.groups) {
+        return fail(m_lines.lineNumber(),
+                    "a " + shown(record.type) + " of more than " + std::to_string(m_limits.groups) +
+                        " groups, begun in " + lineText(record.line),
+                    "");
+    }
+    return !m_goesOn || m_goesOn();
 }
 
 bool DxfScanner::checkValue(const DxfGroup& group) {

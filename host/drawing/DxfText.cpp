@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawing/DxfText.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <system_error>
@@ -63,6 +64,10 @@ std::string fromLatin1(std::string_view text) {
         appendUtf8(static_cast<unsigned char>(c), &result);
     }
     return result;
+}
+
+bool isControl(char c) {
+    return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
 }
 
 /// Reads "\U+XXXX" at the start of `text`; false when there is none.
@@ -138,6 +143,12 @@ std::string decodeText(std::string_view value) {
     return result;
 }
 
+std::size_t characterCount(std::string_view text) {
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+    }));
+}
+
 std::string plainText(std::string_view value) {
     const std::string text = decodeText(value);
     std::string result;
@@ -146,7 +157,8 @@ std::string plainText(std::string_view value) {
         if (sign && appendSign(text[i + 2], &result)) {
             i += 3;
         } else {
-            result += text[i++];
+            const char c = text[i++];
+            result += isControl(c) ? ' ' : c;
         }
     }
     return result;

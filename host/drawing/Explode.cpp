@@ -167,6 +167,11 @@ Pieces explodeSpline(const kxSpline_c& spline, PieceMaker maker, double toleranc
     return maker.take();
 }
 
+bool canExplode(const kxObject& object) {
+    const kxObjectType_e type = object.GetType();
+    return type == kxPolyLineType || type == kxEllipseArcType || type == kxSplineType;
+}
+
 Pieces piecesOf(kxObject& object, double tolerance) {
     const double used = tolerance > 0 ? tolerance : kDefaultTolerance;
     const PieceMaker maker(object.GetLayer(), used);
@@ -193,7 +198,7 @@ std::optional<std::vector<kxObject_ptr>> explodeObject(kxObject& object, double 
 }
 
 ExplodeResult explode(kxHostDocument_c& document, const std::vector<kxObject_ptr>& objects,
-                      double tolerance) {
+                      double tolerance, std::size_t limit) {
     std::unordered_set<const kxObject*> wanted;
     for (const kxObject_ptr& object : objects) {
         wanted.insert(object.get());
@@ -203,7 +208,11 @@ ExplodeResult explode(kxHostDocument_c& document, const std::vector<kxObject_ptr
     for (const kxObject_ptr& object : document.GetObjects()) {
         Pieces pieces;
         if (wanted.count(object.get()) != 0) {
-            pieces = piecesOf(*object, tolerance);
+            if (result.pieces.size() < limit) {
+                pieces = piecesOf(*object, tolerance);
+            } else if (canExplode(*object)) {
+                ++result.kept;
+            }
         }
         if (pieces.objects.empty()) {
             drawing.push_back(object);

@@ -12,6 +12,8 @@ namespace kxdrawing {
 
 /// How far the pieces of an ellipse or spline may lie from it, in drawing units.
 constexpr double kDefaultTolerance = 0.01;
+/// How many pieces are made at one time.
+constexpr std::size_t kMostPieces = 10000000;
 
 /// The lines, circle arcs and circles that stand for a polyline, ellipse or spline, on its layer,
 /// in its direction. Where pieces join, their ends are equal bit for bit. Segments of no length
@@ -28,10 +30,13 @@ struct ExplodeResult {
     std::vector<kxObject_ptr> pieces;
     /// Segments of polylines that had no length.
     long droppedSegments = 0;
+    /// Objects that were to be exploded and stand as they were, because the pieces became too many.
+    long kept = 0;
 };
 
-/// Replaces those of the objects that can be exploded, in place: the drawing order stays.
+/// Replaces those of the objects that can be exploded, in place: the drawing order stays. From
+/// `limit` pieces on the rest stay as they are.
 ExplodeResult explode(kxHostDocument_c& document, const std::vector<kxObject_ptr>& objects,
-                      double tolerance = kDefaultTolerance);
+                      double tolerance = kDefaultTolerance, std::size_t limit = kMostPieces);
 
 }  // namespace kxdrawing

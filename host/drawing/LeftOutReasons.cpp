@@ -88,6 +88,12 @@ Orientation orientationOf(const DxfRecord& record) {
 }
 
 std::string reasonToLeaveOut(const DxfRecord& record) {
+    if (record.type == "VERTEX") {
+        return "vertex without a polyline";
+    }
+    if (record.type == "BLOCK" || record.type == "ENDBLK") {
+        return "not in the section of blocks";
+    }
     const std::string reason = record.integer(67, 0) == 1 ? "paper space" : typeReason(record);
     if (!reason.empty()) {
         return reason;

@@ -20,7 +20,7 @@ public:
 
     /// Opens a regular file that is not empty; false, with the cause, when that fails.
     bool open(const std::string& path, DxfDiagnostic* error);
-    /// Reads the next line; `line` is changed only by a line.
+    /// Reads the next line; one with a zero byte is there to be looked at too.
     Status next(std::string* line);
     /// Why the file can't be read, after a read error.
     std::string problem() const { return "cannot be read: " + m_problem; }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawing/Numbers.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -44,15 +45,22 @@ std::optional<double> parseReal(std::string_view text) {
     return value;
 }
 
-std::optional<int> parseInt(std::string_view text) {
-    text = withoutPlus(trimmed(text));
+std::string realText(double value) {
+    constexpr std::size_t kGreatestLength = 32;
+    std::array<char, kGreatestLength> text{};
+    const std::to_chars_result result = std::to_chars(text.begin(), text.end(), value);
+    return {text.begin(), result.ptr};
+}
+
+std::optional<int> parseInt(std::string_view given) {
+    const std::string_view text = withoutPlus(trimmed(given));
     const char* const end = text.data() + text.size();
     int value = 0;
     const std::from_chars_result result = std::from_chars(text.data(), end, value);
     if (!text.empty() && result.ptr == end && result.ec == std::errc()) {
         return value;
     }
-    const std::optional<double> real = parseReal(text);
+    const std::optional<double> real = parseReal(given);
     if (!real || !(std::abs(*real) <= std::numeric_limits<int>::max()) ||
         *real != std::trunc(*real)) {
         return std::nullopt;

@@ -15,19 +15,17 @@ namespace {
 
 constexpr int kFirstReal = 10;
 constexpr int kLastReal = 59;
-/// dxflib is given no more of a value.
-constexpr std::size_t kGreatestLength = 1000;
 
 class Reals {
 public:
-    /// False for a number that dxflib might read differently.
+    /// False for what is no number.
     bool take(const DxfRecord& record) {
         for (const DxfGroup& group : record.groups) {
             if (group.code < kFirstReal || group.code > kLastReal) {
                 continue;
             }
             const std::optional<double> value = parseReal(group.value);
-            if (!value || group.value.size() > kGreatestLength) {
+            if (!value) {
                 return false;
             }
             const bool isNegative = trimmed(group.value).front() == '-';

@@ -28,7 +28,13 @@ public:
         }
         return !m_stopped;
     }
-    void report(double fraction) { m_stopped = m_stopped || (m_report && !m_report(fraction)); }
+    /// Tells right away, for what takes long within one record.
+    void report(double fraction) {
+        m_fraction = fraction;
+        m_stopped = m_stopped || (m_report && !m_report(fraction));
+    }
+    /// Tells once more what was told last: a step that takes long asks whether it should go on.
+    void repeat() { report(m_fraction); }
     bool isStopped() const { return m_stopped; }
 
 private:
@@ -36,6 +42,7 @@ private:
 
     ProgressReport m_report;
     int m_steps = 0;
+    double m_fraction = 0;
     bool m_stopped = false;
 };
 

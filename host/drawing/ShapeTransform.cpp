@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawing/ShapeTransform.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "drawing/Angles.h"
@@ -106,6 +107,9 @@ bool Transformer::operator()(const kxPolyLineData& shape) {
 void Transformer::addSegment(const BulgeSegment& segment) {
     if (const std::optional<kxCircleArcData> arc = bulgeArc(segment)) {
         ellipseOf(*arc);
+    } else if (isTooLarge(segment)) {
+        constexpr kxVector3 kNowhere{HUGE_VAL, HUGE_VAL, HUGE_VAL};
+        m_result.emplace_back(LineShape{kNowhere, kNowhere});
     } else {
         m_result.emplace_back(LineShape{m_map.point(segment.first), m_map.point(segment.second)});
     }
@@ -161,14 +165,7 @@ struct ProblemFinder {
         return !fits ? kRange : minor > 0 && major > 0 ? "" : "an axis is 0";
     }
     const char* operator()(const kxPolyLineData& s) const;
-    const char* operator()(const kxSplineData& s) const {
-        for (const kxVector3& point : s.controlPoints) {
-            if (!inRange(point)) {
-                return kRange;
-            }
-        }
-        return "";
-    }
+    const char* operator()(const kxSplineData& s) const;
     const char* operator()(const kxSimpleNoteData& s) const {
         return inRange(s.position) && inRange(s.height) && inRange(s.rotation) ? "" : kRange;
     }
@@ -187,8 +184,50 @@ const char* ProblemFinder::operator()(const kxPolyLineData& s) const {
             return kRange;
         }
     }
-    return s.vertices.size() < 2 ? "fewer than two vertices" : "";
+    const std::size_t count = s.vertices.size();
+    for (std::size_t i = 0; i + (s.closed ? 0 : 1) < count; ++i) {
+        const kxPolyLineVertex& vertex = s.vertices[i];
+        if (isTooLarge({vertex.point, s.vertices[(i + 1) % count].point, vertex.bulge})) {
+            return kRange;
+        }
+    }
+    return count < 2 ? "fewer than two vertices" : "";
 }
+
+const char* ProblemFinder::operator()(const kxSplineData& s) const {
+    // What one point of a curve takes grows with the square of the degree.
+    constexpr int kGreatestDegree = 25;
+    constexpr double kGreatestWeight = 1e9;
+    const auto fits = [](double value) { return inRange(value); };
+    const auto weighs = [](double weight) {
+        return weight >= 1 / kGreatestWeight && weight <= kGreatestWeight;
+    };
+    if (s.degree > kGreatestDegree) {
+        return "a degree above 25";
+    }
+    if (!std::all_of(s.controlPoints.begin(), s.controlPoints.end(),
+                     [](const kxVector3& point) { return inRange(point); }) ||
+        !std::all_of(s.knots.begin(), s.knots.end(), fits)) {
+        return kRange;
+    }
+    return std::all_of(s.weights.begin(), s.weights.end(), weighs) ? "" : "weights out of range";
+}
+
+struct PointCounter {
+    static constexpr std::size_t kCharactersPerPoint = 8;
+
+    template <class T>
+    std::size_t operator()(const T&) const {
+        return 1;
+    }
+    std::size_t operator()(const kxPolyLineData& s) const { return 1 + s.vertices.size(); }
+    std::size_t operator()(const kxSplineData& s) const {
+        return 1 + s.controlPoints.size() + s.knots.size();
+    }
+    std::size_t operator()(const kxSimpleNoteData& s) const {
+        return 1 + s.text.length() / kCharactersPerPoint;
+    }
+};
 
 struct Maker {
     const kxString& layer;
@@ -220,6 +259,10 @@ bool transformShape(const Shape& shape, const Affine& map, std::vector<Shape>* r
 std::optional<std::string> shapeProblem(const Shape& shape) {
     const std::string problem = std::visit(ProblemFinder(), shape);
     return problem.empty() ? std::nullopt : std::optional<std::string>(problem);
+}
+
+std::size_t pointsOf(const Shape& shape) {
+    return std::visit(PointCounter(), shape);
 }
 
 kxObject_ptr makeObject(const kxString& layer, const Shape& shape) {

@@ -20,6 +20,9 @@ bool transformShape(const Shape& shape, const Affine& map, std::vector<Shape>* r
 /// units; nothing when it can.
 std::optional<std::string> shapeProblem(const Shape& shape);
 
+/// How many points a shape consists of, by what it takes in memory.
+std::size_t pointsOf(const Shape& shape);
+
 /// The object of a shape. Null for a spline whose numbers do not fit together.
 kxObject_ptr makeObject(const kxString& layer, const Shape& shape);
 

@@ -49,5 +49,9 @@ QString explodeText(const kxdrawing::ExplodeResult& result) {
         text += tr(", dropped %1 without length")
                     .arg(plural(result.droppedSegments, tr("segment"), tr("segments")));
     }
+    if (result.kept != 0) {
+        text += tr("; %1 left as they are: that many pieces are enough at one time")
+                    .arg(plural(result.kept, tr("object"), tr("objects")));
+    }
     return text;
 }

@@ -27,7 +27,7 @@ TEST(Numbers, Reals_are_whole_texts) {
 TEST(Numbers, Integers_may_have_an_empty_fraction) {
     EXPECT_EQ(parseInt("  -7"), -7);
     EXPECT_EQ(parseInt("3.0"), 3);
-    for (const char* const bad : {"", "3.5", "2147483648", "1e20", "nan", "x"}) {
+    for (const char* const bad : {"", "3.5", "2147483648", "1e20", "nan", "x", "++3"}) {
         EXPECT_FALSE(parseInt(bad)) << bad;
     }
 }
