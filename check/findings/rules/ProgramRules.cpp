@@ -35,6 +35,13 @@ bool hasMoves(const Reading& reading) {
     return std::any_of(reading.motions.begin(), reading.motions.end(), isMove);
 }
 
+// Then ends may stand in branches, of which one only is run.
+bool hasControlWords(const Reading& reading) {
+    return std::any_of(
+        reading.diagnostics.begin(), reading.diagnostics.end(),
+        [](const Diagnostic& diagnostic) { return diagnostic.rule == Rule::ControlWord; });
+}
+
 const char* wordFor(double unit) {
     return unit == 20 ? "G20, inches" : "G21, millimetres";
 }
@@ -66,7 +73,7 @@ void findEnds(const Setting& setting, Findings& findings) {
         say(findings, FindingKind::NoEndCode, Severity::Warning, 0,
             "The program has no end: M2 or M30 is missing in its last line.");
     }
-    if (ends.count > 1) {
+    if (ends.count > 1 && !hasControlWords(reading)) {
         say(findings, FindingKind::AppendedTwoEnds, Severity::Error, ends.second,
             "The program ends twice, here and in line " + std::to_string(ends.first) +
                 " already: a controller never runs what stands behind the first end.");
