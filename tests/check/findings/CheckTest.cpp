@@ -97,6 +97,19 @@ TEST(Check, WhatStandsBehindARejectedLineIsNotCalledUncut) {
     EXPECT_EQ(behind.shapesCut, 1U);
 }
 
+TEST(Check, EveryGapOfAnObjectIsNamed) {
+    Drawing drawing;
+    drawing.shapes = {lineShape({0, 0}, {30, 0})};
+    const CheckResult result = check(kHead + "G0 X10\nG1 Z-1 F100\nG1 X20\n" + kTail, {}, &drawing);
+    ASSERT_EQ(kindsOf(result), (std::vector<std::string>{"not-cut", "not-cut"}));
+    const Place& before = *result.findings[0].place;
+    const Place& behind = *result.findings[1].place;
+    EXPECT_NEAR(before.drawingFrom.x, 0, 1e-9);
+    EXPECT_NEAR(before.drawingTo.x, 9.98, 1e-9);
+    EXPECT_NEAR(behind.drawingFrom.x, 20.02, 1e-9);
+    EXPECT_NEAR(behind.drawingTo.x, 30, 1e-9);
+}
+
 TEST(Check, AnEmptySelectionMakesEveryCutOneTooMany) {
     const Drawing drawing;
     const CheckResult result =
