@@ -29,7 +29,8 @@ void noteFailure(const QString& file) {
 bool writeSettings() {
     QSettings stored;
     stored.sync();
-    const bool isKept = stored.status() == QSettings::NoError;
+    // Where not even a folder can be made the toolkit takes that for no error.
+    const bool isKept = stored.status() == QSettings::NoError && stored.isWritable();
     if (isKept) {
         g_failure.clear();
         g_isTold = false;
