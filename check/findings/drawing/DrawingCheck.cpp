@@ -37,7 +37,9 @@ void applyRules(const DrawingSetting& scene, Findings& findings, CheckResult& re
     // What is missing in a program that stops early is the stop's fault.
     if (!scene.setting.moreBehind) {
         result.coverageJudged = true;
-        result.shapesCut = findUncut(scene, explained, findings);
+        const std::size_t followed = findUncut(scene, explained, findings);
+        // What the tool follows above the surface is not cut.
+        result.shapesCut = findings.has(FindingKind::DepthZero) ? 0 : followed;
     }
 }
 

@@ -49,6 +49,17 @@ bool isExponent(std::string_view text, std::uint32_t column) {
            text[column - 2] >= '0' && text[column - 2] <= '9';
 }
 
+const char* hintFor(const Diagnostic& diagnostic, std::string_view text) {
+    if (looksLikeText(text)) {
+        return " Remarks must stand in parentheses or behind a semicolon.";
+    }
+    const bool isDwell = diagnostic.rule == Rule::WordWithoutUse && diagnostic.found == "P";
+    if (isDwell && text.find("G83") != std::string_view::npos) {
+        return " A dwell does not belong to G83: take the P word out, or drill with G82.";
+    }
+    return "";
+}
+
 // What was found and what would have been right, for who has never read a grammar.
 std::string reasonFor(const Diagnostic& diagnostic, FindingKind kind, std::string_view text) {
     if (kind == FindingKind::ControllerRejects && isExponent(text, diagnostic.column)) {
@@ -63,8 +74,8 @@ std::string reasonFor(const Diagnostic& diagnostic, FindingKind kind, std::strin
         }
     }
     reason += '.';
-    if (kind == FindingKind::ControllerRejects && looksLikeText(text)) {
-        reason += " Remarks must stand in parentheses or behind a semicolon.";
+    if (kind == FindingKind::ControllerRejects) {
+        reason += hintFor(diagnostic, text);
     }
     return reason;
 }

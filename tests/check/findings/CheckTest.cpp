@@ -110,6 +110,21 @@ TEST(Check, EveryGapOfAnObjectIsNamed) {
     EXPECT_NEAR(behind.drawingTo.x, 30, 1e-9);
 }
 
+TEST(Check, SaysInPlainWordsWhatARejectedLineOfThePanelLacks) {
+    const auto sentenceOf = [](const std::string& line) {
+        const CheckResult result = check(kHead + line + "\n" + kTail);
+        return result.findings.empty() ? std::string() : result.findings.front().sentence;
+    };
+    EXPECT_EQ(sentenceOf("G0 X1e-05"),
+              "A controller stops here: found a number with an exponent, as very small and very "
+              "large ones are written; numbers must be plain.");
+    EXPECT_NE(sentenceOf("Safe height G0 X0 Y0;").find("Remarks must stand in parentheses"),
+              std::string::npos);
+    EXPECT_NE(sentenceOf("G83 X1 Y1 Z-2R1P0.5Q0.5F100").find("A dwell does not belong to G83"),
+              std::string::npos);
+    EXPECT_EQ(sentenceOf("G0 X1 (a remark)"), "");
+}
+
 TEST(Check, AnEmptySelectionMakesEveryCutOneTooMany) {
     const Drawing drawing;
     const CheckResult result =
