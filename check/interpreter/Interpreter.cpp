@@ -166,7 +166,8 @@ private:
         codeFact(GGroup::Distance, FactKind::Distance);
         const int system = m_block.g(GGroup::System);
         if (system != Block::kNone) {
-            fact(FactKind::System, system <= 590 ? (system - 540) / 10 + 1 : system - 590 + 6);
+            const int number = system <= 590 ? (system - 540) / 10 + 1 : system - 590 + 6;
+            fact(FactKind::System, number);
         }
         const int spindle = m_block.m(MGroup::Spindle);
         if (spindle != Block::kNone) {
@@ -186,7 +187,8 @@ private:
 
     void codeFact(GGroup group, FactKind kind) {
         if (m_block.hasG(group)) {
-            fact(kind, m_block.g(group) / 10);
+            const int code = m_block.g(group) / 10;
+            fact(kind, code);
         }
     }
 

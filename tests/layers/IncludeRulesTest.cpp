@@ -153,7 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
         Planted{"checkTakesHost", "check/interpreter/Motion.h", "<kx/kxLine.h>"},
         Planted{"checkTakesCore", "check/interpreter/Motion.h", "\"core/Arc.h\""},
         Planted{"panelTakesCheck", "addin/core/GCodeWidget.h", "\"interpreter/Motion.h\""},
-        Planted{"drawingTakesCheck", "host/drawing/Reader.h", "\"interpreter/Motion.h\""},
+        Planted{"previewTakesCheck", "addin/openglplotter/Point3d.h", "\"interpreter/Motion.h\""},
         Planted{"windowTakesPanel", "host/Window.h", "\"core/GCodeWidget.h\""},
         Planted{"commandLineTakesCore", "cli/Options.h", "\"core/Arc.h\""},
         Planted{"commandLineTakesWindow", "cli/Options.h", "\"Window.h\""},
