@@ -267,7 +267,9 @@ TEST_F(Check, SaysWhenThereIsNothingToCompareWith) {
 
 TEST_F(Check, RefusesWhatIsNoOptionOrNumber) {
     const QString program = programOf(m_drawing);
-    EXPECT_EQ(check({}).code, 1);
+    const CommandRun bare = check({});
+    EXPECT_EQ(bare.code, 1);
+    EXPECT_TRUE(has(bare.messages, "Run kxgcode check --help")) << bare.messages.constData();
     EXPECT_EQ(check({program, "--depth", "1"}).code, 1);
     EXPECT_EQ(check({program, program}).code, 1);
     for (const char* option : {"--surface", "--tolerance", "--rapid-rate", "--feed-z"}) {

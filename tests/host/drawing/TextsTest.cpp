@@ -72,6 +72,9 @@ TEST(Units, Without_a_length_unit_the_measurement_decides) {
     EXPECT_EQ(decideUnit(std::nullopt, 0).unit, kUnitInches);
     EXPECT_EQ(decideUnit(std::nullopt, std::nullopt).note,
               "no unit in the file, millimetres assumed");
+    EXPECT_FALSE(decideUnit(std::nullopt, std::nullopt).isKnown);
+    EXPECT_TRUE(decideUnit(std::nullopt, 1).isKnown);
+    EXPECT_TRUE(decideUnit(4, std::nullopt).isKnown);
     EXPECT_EQ(decideUnit(77, 0).note, "$INSUNITS 77 is unknown; unit: inches (from $MEASUREMENT)");
 }
 
