@@ -40,7 +40,7 @@ protected:
         return runProgram(QStringList{"check"} + arguments, locale);
     }
 
-    const WorkFolder m_work;
+    WorkFolder m_work;
     const QString m_begin = m_work.write("begin.txt", kBegin);
     const QString m_end = m_work.write("end.txt", kEnd);
     const QString m_drawing = m_work.write("a.dxf", drawingOf(lineEntity(1, 2, 10, 5)));
@@ -186,7 +186,7 @@ TEST_F(Check, PrintsJsonWithWhatTheTextSays) {
     ASSERT_EQ(error.error, QJsonParseError::NoError) << qPrintable(error.errorString());
     EXPECT_TRUE(report.value("program").toString().endsWith("a\\tb.nc"));
     bool found = false;
-    for (const QJsonValue& finding : report.value("findings").toArray()) {
+    for (const auto& finding : report.value("findings").toArray()) {
         found = found || finding.toObject().value("identifier") == "spindle-stopped";
     }
     EXPECT_TRUE(found) << run.output.constData();
