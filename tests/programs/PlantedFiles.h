@@ -12,8 +12,8 @@ public:
     explicit PlantedFiles(const QString& workFolder);
 
     QString folder() const { return m_work + "/planted"; }
-    /// Plants a file and a pipe, unless they are there, and gives all ways to name them: whole, seen from the working
-    /// folder, around corners, as an address.
+    /// Plants a file and a pipe, unless they are there, and gives all ways to name them: whole,
+    /// seen from the working folder, around corners, as an address.
     QStringList plant(const QString& name);
 
 private:
