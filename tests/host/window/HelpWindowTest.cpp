@@ -191,8 +191,13 @@ protected:
         return {name,           "../outside/" + name,     file, "file://" + file, "sub/" + name,
                 "file:" + name, "FILE://localhost" + file};
     }
-    void showHtml(const QString& html) {
-        write("manual/hostile.html", "<title>Hostile</title>" + html);
+    /// As the toolkit takes it: without the type no style is looked at.
+    static QString styleLink(const QString& address) {
+        return "<link rel=\"stylesheet\" type=\"text/css\" href=\"" + address + "\">";
+    }
+    void showHtml(const QString& body, const QString& head = {}) {
+        write("manual/hostile.html", "<html><head><title>Hostile</title>" + head + "</head><body>" +
+                                         body + "</body></html>");
         show("hostile.html");
         page->grab();
     }
@@ -227,7 +232,7 @@ TEST_F(HelpWindowOutsideTest, Images_outside_of_the_folder_are_not_opened) {
 
 TEST_F(HelpWindowOutsideTest, Styles_of_the_folder_are_used) {
     write("manual/own.css", "p { background-color: #ff0000; }");
-    showHtml("<link rel=\"stylesheet\" href=\"own.css\"><p>text</p>");
+    showHtml("<p>text</p>", styleLink("own.css"));
     EXPECT_TRUE(isRedShown());
 }
 
@@ -235,8 +240,7 @@ TEST_F(HelpWindowOutsideTest, Styles_outside_of_the_folder_are_not_opened) {
     const FileOpens opens(folder.filePath("outside"));
     for (const QString& way : waysTo("style.css")) {
         write("manual/importing.css", "@import url(\"" + way + "\");\n@import \"" + way + "\";");
-        showHtml("<link rel=\"stylesheet\" href=\"" + way +
-                 "\"><link rel=\"stylesheet\" href=\"importing.css\"><p>text</p>");
+        showHtml("<p>text</p>", styleLink(way) + styleLink("importing.css"));
         EXPECT_EQ(opens.take(), QStringList()) << way.toStdString();
         EXPECT_FALSE(isRedShown()) << way.toStdString();
     }
@@ -256,7 +260,7 @@ TEST_F(HelpWindowOutsideTest, Queues_and_devices_in_the_folder_are_not_waited_fo
     ASSERT_EQ(mkfifo(QFile::encodeName(folder.filePath("manual/queue.html")).constData(), 0600), 0);
     QFile::link("/dev/zero", folder.filePath("manual/zero.html"));
     for (const char* name : {"queue.html", "zero.html"}) {
-        showHtml(QString("<img src=\"%1\"><link rel=\"stylesheet\" href=\"%1\">").arg(name));
+        showHtml("<img src=\"" + QString(name) + "\">", styleLink(name));
         help->showPage(name);
         EXPECT_EQ(title(), "Page not found") << name;
     }
