@@ -5,11 +5,11 @@
 #include <cstdio>
 #include <cstdlib>
 
+[[noreturn]] inline void endWithWhatFails(const char* file, int line, const char* what) {
+    std::fprintf(stderr, "%s:%d: does not hold: %s\n", file, line, what);
+    std::abort();
+}
+
 /// Ends the process with what does not hold, in every kind of build.
-#define FUZZ_CHECK(holds)                                                                   \
-    do {                                                                                    \
-        if (!(holds)) {                                                                     \
-            std::fprintf(stderr, "%s:%d: does not hold: %s\n", __FILE__, __LINE__, #holds); \
-            std::abort();                                                                   \
-        }                                                                                   \
-    } while (false)
+#define FUZZ_CHECK(holds) \
+    ((holds) ? static_cast<void>(0) : endWithWhatFails(__FILE__, __LINE__, #holds))

@@ -76,7 +76,8 @@ double bytesKeptPerRun(const std::vector<long>& parts, int runs) {
     const auto middle = parts.begin() + 1 + kHalf;
     const long before = *std::min_element(parts.begin() + 1, middle);
     const long after = *std::min_element(middle, parts.end());
-    return static_cast<double>(after - before) / (kHalf * (runs / kParts));
+    const int runsOfAPart = runs / kParts;
+    return static_cast<double>(after - before) / (kHalf * runsOfAPart);
 }
 
 class LifeCycle : public testing::Test {
