@@ -114,7 +114,7 @@ bool StepWalk::next() {
     passFacts(motion.line);
     m_step.motion = &motion;
     m_step.index = m_next++;
-    m_step.heightKnown = motion.line >= m_setting.known.z;
+    m_step.heightKnown = motion.line >= m_setting.known.z && !m_isHeightLost;
     if (!isMove(motion)) {
         return true;
     }
@@ -127,7 +127,21 @@ bool StepWalk::next() {
     }
     m_step.feed = motion.feedMode == FeedMode::InverseTime ? motion.feed : motion.feed / unit;
     m_step.lowest = lowestOf(m_step);
+    followHeight();
     return true;
+}
+
+// Where the machine's places lie above the work is set at the machine. The height is lost there
+// until the program gives one of the work; a travel on the way to it comes from nobody knows where.
+void StepWalk::followHeight() {
+    if (m_step.motion->toMachinePlace) {
+        m_isHeightLost = true;
+        m_step.heightKnown = false;
+    } else if (m_isHeightLost && !m_step.relative &&
+               std::abs(m_step.to.z - m_step.from.z) > kSame) {
+        m_isHeightLost = false;
+        m_step.heightKnown = !m_step.isSideways();
+    }
 }
 
 void StepWalk::passFacts(std::uint32_t line) {

@@ -16,10 +16,11 @@ struct Step {
     Point from;
     Point to;
     Point centre;
-    double lowest = 0;           // least z on the way
-    double feed = 0;             // per minute in the program's unit, else as Motion::feed
-    bool relative = false;       // G91
-    bool heightKnown = false;    // the program has told a height by now
+    double lowest = 0;      // least z on the way
+    double feed = 0;        // per minute in the program's unit, else as Motion::feed
+    bool relative = false;  // G91
+    bool heightKnown =
+        false;  // the height above the work has been told, and is not a place of the machine
     std::uint32_t feedLine = 0;  // of the F word; 0: none yet
 
     std::uint32_t line() const { return motion->line; }
@@ -60,11 +61,13 @@ public:
 
 private:
     void passFacts(std::uint32_t line);
+    void followHeight();
 
     const Setting& m_setting;
     Step m_step;
     std::size_t m_next = 0;
     std::size_t m_fact = 0;
+    bool m_isHeightLost = false;
 };
 
 // A place for findings: the whole of a step, or a part of it.

@@ -58,6 +58,7 @@ bool Machine::goHome(const Block& block, const Axes& home, Fault& fault) {
         return false;
     }
     motion = step(MotionKind::Rapid);
+    motion.toMachinePlace = true;
     return pushMove(motion, to, fault);
 }
 
@@ -160,7 +161,8 @@ bool Machine::straight(const Block& block, int motion, Fault& fault) {
         return false;
     }
     Axes to = m_position;
-    if (block.g(GGroup::OneShot) == 530) {
+    const bool toMachinePlace = block.g(GGroup::OneShot) == 530;
+    if (toMachinePlace) {
         if (!machineTarget(block, to, fault)) {
             return false;
         }
@@ -168,6 +170,7 @@ bool Machine::straight(const Block& block, int motion, Fault& fault) {
         to = target(block);
     }
     Motion step = this->step(motion == 0 ? MotionKind::Rapid : MotionKind::Feed);
+    step.toMachinePlace = toMachinePlace;
     return pushMove(step, to, fault);
 }
 

@@ -63,8 +63,9 @@ struct Motion {
     FeedMode feedMode = FeedMode::PerMinute;
     Spindle spindle = Spindle::Off;  // while it goes on; of a Spindle step: from then on
     Stroke stroke = Stroke::None;
-    std::uint8_t cycle = 0;    // 73, 81, 82, 83, 85, 86, 89; 0: not part of a cycle
-    std::uint8_t coolant = 0;  // bit 0: mist (M7), bit 1: flood (M8)
+    std::uint8_t cycle = 0;       // 73, 81, 82, 83, 85, 86, 89; 0: not part of a cycle
+    std::uint8_t coolant = 0;     // bit 0: mist (M7), bit 1: flood (M8)
+    bool toMachinePlace = false;  // G28, G30, G53: where that lies from the work nobody knows
     // Of an arc, seen from the positive end of the plane's third axis: 1 is up to a full turn
     // counter-clockwise, -1 clockwise, 2 a full turn more than 1, and so on.
     std::int32_t turns = 0;

@@ -53,13 +53,17 @@ void PlungeFeedRule::plunge(const Step& step) {
         const double expected = *m_setting.options.plungeFeed;
         if (isMore(step.feed, expected) || isMore(expected, step.feed)) {
             note(Sort::Unexpected, plunges);
+            return;
         }
-        return;
     }
     if (step.motion->cycle != 0) {
         return;
     }
+    // What is set for it may be set wrongly: the two feeds in each other's field.
     m_before = plunges;
+    if (m_setting.options.plungeFeed) {
+        return;
+    }
     if (step.feedLine != 0 && step.feedLine == m_cutFeedLine && step.line() != m_cutFeedLine) {
         note(Sort::LeftOver, plunges);
         return;
