@@ -167,6 +167,11 @@ void FigureCount::goDown(const Step& step) {
     m_below = true;
     m_sideways = step.isSideways();
     ++m_figures.toolDowns;
+    // Pecks of a cycle stand in one line; the same place in another line is drilled again.
+    if (step.motion->cycle != 0 && step.line() != m_strokeLine) {
+        m_movedSinceHole = true;
+    }
+    m_strokeLine = step.line();
 }
 
 void FigureCount::goUp() {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+
 #include "findings/Figures.h"
 #include "findings/Step.h"
 
@@ -29,6 +31,7 @@ private:
     bool m_sideways = false;  // since the tool went below
     bool m_hasHole = false;
     bool m_movedSinceHole = true;
+    std::uint32_t m_strokeLine = 0;
 };
 
 }  // namespace gcode_check

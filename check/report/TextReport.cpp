@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "report/TextReport.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "findings/Numbers.h"
@@ -91,6 +92,14 @@ void addFigures(std::string& text, const CheckResult& result) {
                     timeText(figures.dwellSeconds) + ")");
 }
 
+// Then it is judged what would be cut if the heights were right.
+bool areHeightsWrong(const CheckResult& result) {
+    return std::any_of(result.findings.begin(), result.findings.end(), [](const Finding& finding) {
+        return finding.kind == FindingKind::CutAtUnknownHeight ||
+               finding.kind == FindingKind::HeightIncrements;
+    });
+}
+
 void addCoverage(std::string& text, const CheckResult& result) {
     if (!result.drawingGiven) {
         return;
@@ -98,7 +107,8 @@ void addCoverage(std::string& text, const CheckResult& result) {
     if (result.coverageJudged) {
         text += std::to_string(result.shapesCut) + " of " + std::to_string(result.shapes) +
                 (result.shapes == 1 ? " selected object " : " selected objects ") +
-                "cut entirely\n";
+                (areHeightsWrong(result) ? "followed entirely, but see the heights above\n"
+                                         : "cut entirely\n");
     } else {
         text +=
             "Objects that are not cut were not looked for: the program stops before its last "

@@ -119,7 +119,9 @@ PathMark pathOfFinding(const gcode_check::CheckResult& result, const gcode_check
             }
         }
     }
-    mark.place = QPointF((place.drawingFrom.x + place.drawingTo.x) / 2,
-                         (place.drawingFrom.y + place.drawingTo.y) / 2);
+    // Between the ends of several moves there need be none of them.
+    const double part = place.firstMotion == place.lastMotion ? 0.5 : 0;
+    mark.place = QPointF(place.drawingFrom.x + (place.drawingTo.x - place.drawingFrom.x) * part,
+                         place.drawingFrom.y + (place.drawingTo.y - place.drawingFrom.y) * part);
     return mark;
 }

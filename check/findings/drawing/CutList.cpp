@@ -59,6 +59,10 @@ private:
         if ((!below && !m_anyHeight) || !isFinite(pointCurve(flat(step.to)))) {
             return;
         }
+        // Pecks of a cycle stand in one line; the same place in another line is drilled again.
+        if (m_hasHole && step.motion->cycle != 0 && step.line() != m_hole.line) {
+            endVisit();
+        }
         if (!m_hasHole || step.to.z < m_hole.bottom) {
             m_hole = {flat(step.to), step.to.z, static_cast<std::uint32_t>(step.index), step.line(),
                       step.motion->cycle != 0};

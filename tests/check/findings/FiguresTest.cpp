@@ -95,5 +95,11 @@ TEST(Figures, TheWayToTheFirstPlaceIsNotAmongTheExtents) {
     EXPECT_NEAR(figures.moves.min.z, -1, 1e-9);
 }
 
+TEST(Figures, AHoleDrilledAgainInTheNextLineIsAnotherStroke) {
+    const char* const again =
+        "M3 S1000\nG21 G90\nG0 Z5\nG81 X10 Y0 Z-5 R2 F60\nX30\nX30\nG80\nM30\n";
+    EXPECT_EQ(figuresOf(again).strokes, 3U);
+}
+
 }  // namespace
 }  // namespace gcode_check

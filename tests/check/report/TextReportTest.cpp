@@ -49,6 +49,22 @@ TEST(TextReport, SaysWhenObjectsWereNotLookedFor) {
               std::string::npos);
 }
 
+TEST(TextReport, DoesNotCallCutWhatIsFollowedAtWrongHeights) {
+    Drawing drawing;
+    Shape shape;
+    shape.kind = ShapeKind::Line;
+    shape.second = {10, 0};
+    drawing.shapes = {shape};
+    const std::string start = "M3 S1000\nG21 G90\nG0 X0 Y0\n";
+    const std::string end = "G1 X10 F100\nG0 Z5\nM30\n";
+    const std::string unknown = textReport(check(start + end, {}, &drawing));
+    EXPECT_NE(unknown.find("1 of 1 selected object followed entirely, but see the heights above"),
+              std::string::npos)
+        << unknown;
+    const std::string known = textReport(check(start + "G0 Z5\nG1 Z-1 F50\n" + end, {}, &drawing));
+    EXPECT_NE(known.find("1 of 1 selected object cut entirely"), std::string::npos) << known;
+}
+
 TEST(TextReport, IsInTheProgramsUnit) {
     const CheckResult result =
         check("M3 S1\nG20\nG90\nG0 X0Y0\nG0 Z.1\nG1 Z-.05 F4\nG1 X3 F20\nM30\n");
