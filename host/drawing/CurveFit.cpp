@@ -79,6 +79,7 @@ private:
     void fitSpan(const Span& span, int depth);
     Samples sample(const Span& span) const;
     bool isStraight(const Samples& samples) const;
+    bool turnsBack(const Span& span) const;
     std::optional<Vector2> direction(const Span& span, bool atEnd) const;
     bool fits(const std::array<BulgeSegment, 2>& arcs, const Samples& samples,
               const Span& span) const;
@@ -137,17 +138,35 @@ bool ArcFitter::isStraight(const Samples& samples) const {
     });
 }
 
+/// Whether the curve may run on beyond an end of its chord, along the same line, and come back
+/// before the sample beside it.
+bool ArcFitter::turnsBack(const Span& span) const {
+    const kxVector3 v{span.last.x - span.first.x, span.last.y - span.first.y,
+                      span.last.z - span.first.z};
+    const double length = distance(span.first, span.last);
+    const double step = (span.end - span.start) / (kSamples + 1);
+    // From inside: at a corner the derivative belongs to either side.
+    const auto runsBack = [&](double fraction) {
+        const kxVector3 d = m_curve.at(span.at(fraction)).derivative;
+        const double along = d.x * v.x + d.y * v.y + d.z * v.z;
+        return -along * step > m_tolerance * kSafety * length;
+    };
+    return runsBack(1e-6) || runsBack(1 - 1e-6);
+}
+
 void ArcFitter::fitSpan(const Span& span, int depth) {
     const Samples samples = sample(span);
     const double middle = span.at(0.5);
     // A span may also be too short for its parameters to be told apart.
     const bool exhausted = depth >= kGreatestDepth || m_chain.size() >= kGreatestCount ||
                            !(middle > span.start && middle < span.end);
-    if (exhausted || isStraight(samples)) {
+    const bool straight = isStraight(samples);
+    const bool comesBack = straight && turnsBack(span);
+    if (exhausted || (straight && !comesBack)) {
         m_chain.push_back({span.last, 0});
         return;
     }
-    if (m_planar && append(span, samples)) {
+    if (m_planar && !comesBack && append(span, samples)) {
         return;
     }
     const kxVector3 p = point(middle);

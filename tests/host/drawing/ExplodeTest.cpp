@@ -10,6 +10,7 @@
 #include "TestDxf.h"
 #include "drawing/Angles.h"
 #include "drawing/Bulge.h"
+#include "drawing/SplineFit.h"
 
 namespace kxdrawing {
 namespace {
@@ -298,6 +299,19 @@ TEST(Explode, Cusps_and_vanishing_derivatives_are_met) {
         expectWithin(*spline, pieces, kDefaultTolerance);
         EXPECT_LE(pieces.size(), 60U);
     }
+}
+
+TEST(Explode, A_spline_that_turns_back_on_its_own_line_is_met_at_the_turn) {
+    // It runs past the second point by 0.0123 before it comes back: between two samples.
+    const auto data = splineThrough({{0, -2, 1}, {0, -14, 1}, {0, 0, 1}}, false);
+    ASSERT_TRUE(data);
+    const auto spline = kxCreateSpline("0", *data);
+    expectWithin(*spline, exploded(*spline), kDefaultTolerance);
+    // Out of the plane the same.
+    const auto slanted = splineThrough({{0, -2, -2}, {0, -14, -14}, {0, 0, 0}}, false);
+    ASSERT_TRUE(slanted);
+    const auto other = kxCreateSpline("0", *slanted);
+    expectWithin(*other, exploded(*other), kDefaultTolerance);
 }
 
 TEST(Explode, A_spline_out_of_the_plane_gives_lines) {
