@@ -95,3 +95,15 @@ std::string bytesOf(const std::string& path);
 
 /// Makes a file, or replaces its content, and returns its path.
 std::string makeFile(const std::string& path, const std::string& content);
+
+#define SKIP_WITHOUT_MOUNTS()          \
+    if (!whyNoMounts().empty()) {      \
+        GTEST_SKIP() << whyNoMounts(); \
+    }                                  \
+    static_assert(true, "a semicolon follows")
+
+#define SKIP_WITHOUT_RIGHTS(rights)                                              \
+    if (!(rights).hold()) {                                                      \
+        GTEST_SKIP() << "NOT TESTED: permissions don't hold for this root user"; \
+    }                                                                            \
+    static_assert(true, "a semicolon follows")

@@ -92,18 +92,6 @@ private:
     FaultFolder m_folder;
 };
 
-#define SKIP_WITHOUT_MOUNTS()          \
-    if (!whyNoMounts().empty()) {      \
-        GTEST_SKIP() << whyNoMounts(); \
-    }                                  \
-    static_assert(true, "a semicolon follows")
-
-#define SKIP_WITHOUT_RIGHTS(rights)                                              \
-    if (!(rights).hold()) {                                                      \
-        GTEST_SKIP() << "NOT TESTED: permissions don't hold for this root user"; \
-    }                                                                            \
-    static_assert(true, "a semicolon follows")
-
 }  // namespace
 
 TEST_F(PanelFileFaults, SaveOnAFullDiskIsSilentAndTheProgramIsStillThere) {

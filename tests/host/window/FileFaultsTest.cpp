@@ -25,18 +25,6 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-#define SKIP_WITHOUT_MOUNTS()          \
-    if (!whyNoMounts().empty()) {      \
-        GTEST_SKIP() << whyNoMounts(); \
-    }                                  \
-    static_assert(true, "a semicolon follows")
-
-#define SKIP_WITHOUT_RIGHTS(rights)                                              \
-    if (!(rights).hold()) {                                                      \
-        GTEST_SKIP() << "NOT TESTED: permissions don't hold for this root user"; \
-    }                                                                            \
-    static_assert(true, "a semicolon follows")
-
 class HostFileFaults : public HostWindowTest {
 protected:
     std::string place(const std::string& name = {}) const { return m_place.place(name); }
