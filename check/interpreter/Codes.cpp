@@ -43,8 +43,9 @@ GTable makeGTable() {
     set(table, GGroup::Diameter, {80});
     set(table, GGroup::OffsetOff, {921, 922, 923});
     set(table, GGroup::NotInterpreted,
-        {50,  51,  52,  53,  70,  171, 181, 191, 330, 331, 382, 383, 384, 385, 410, 411,
-         420, 421, 700, 710, 711, 712, 720, 740, 760, 840, 841, 842, 843, 870, 880, 960});
+        {50,  51,  52,  53,  70,  171, 181, 191, 330, 331, 382, 383,
+         384, 385, 410, 411, 420, 421, 740, 760, 840, 870, 880, 960});
+    set(table, GGroup::LatheContour, {700, 710, 711, 712, 720, 721, 722});
     return table;
 }
 
@@ -52,11 +53,11 @@ MTable makeMTable() {
     MTable table{};
     set(table, MGroup::Stop, {0, 1, 2, 30, 60});
     set(table, MGroup::Tool, {6, 61});
-    set(table, MGroup::Spindle, {3, 4, 5});
+    set(table, MGroup::Spindle, {3, 4, 5, 70, 71, 72, 73});
     set(table, MGroup::Coolant, {7, 8, 9});
     set(table, MGroup::Override, {48, 49, 50, 51, 52, 53});
     set(table, MGroup::Output, {62, 63, 64, 65, 66, 67, 68});
-    set(table, MGroup::NotInterpreted, {19, 70, 71, 72, 73, 98, 99});
+    set(table, MGroup::NotInterpreted, {19, 98, 99});
     for (int user = 100; user <= 199; ++user) {
         set(table, MGroup::NotInterpreted, {user});
     }

@@ -24,7 +24,8 @@ enum class GGroup : std::uint8_t {
     Path,
     SpindleMode,
     Diameter,
-    OffsetOff,  // G92.1 G92.2 G92.3
+    OffsetOff,     // G92.1 G92.2 G92.3
+    LatheContour,  // G70 to G72.2: not interpreted, and rejected without Q
     NotInterpreted,
     Count
 };
@@ -33,7 +34,7 @@ enum class MGroup : std::uint8_t {
     Unknown,
     Stop,      // M0 M1 M2 M30 M60
     Tool,      // M6 M61
-    Spindle,   // M3 M4 M5
+    Spindle,   // M3 M4 M5, and what saves modes: M70 to M73
     Coolant,   // M7 M8 M9
     Override,  // M48 to M53
     Output,    // M62 to M68

@@ -42,6 +42,7 @@ enum class Rule : std::uint8_t {
     PeckNotPositive,
     ModeForbids,  // the machine's mode does not allow the code
     OffsetOutOfRange,
+    ModesNotSaved,  // M72 without an M70 or M73 before it
     ToolUnknown,
     ProgramNotOpened,  // text and percent lines that do not fit together
     // What a controller knows and this does not

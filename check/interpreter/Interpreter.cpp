@@ -170,7 +170,7 @@ private:
             fact(FactKind::System, number);
         }
         const int spindle = m_block.m(MGroup::Spindle);
-        if (spindle != Block::kNone) {
+        if (spindle == 3 || spindle == 4 || spindle == 5) {
             fact(FactKind::Spindle, spindle);
         }
         const int stop = m_block.m(MGroup::Stop);

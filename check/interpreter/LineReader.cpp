@@ -57,7 +57,7 @@ public:
                 return false;
             }
         }
-        return true;
+        return checkLatheContour();
     }
 
 private:
@@ -240,6 +240,19 @@ private:
         }
         m_block.setG(group, code, number.column);
         return true;
+    }
+
+    // Where the contour stands that it cuts says a Q.
+    bool checkLatheContour() {
+        if (!m_block.hasG(GGroup::LatheContour)) {
+            return true;
+        }
+        const std::uint32_t column = m_block.columnOfG(GGroup::LatheContour);
+        const CodeText code = textOfG(m_block.g(GGroup::LatheContour));
+        return m_block.has('Q') ? reject(m_fault, Rule::NotInterpretedCode, column, code.text,
+                                         "a code that is interpreted here")
+                                : reject(m_fault, Rule::WordMissing, column, code.text,
+                                         "Q with the number of a subroutine");
     }
 
     bool mCode(const Number& number) {

@@ -42,6 +42,9 @@ bool Machine::execute(const Block& block, Fault& fault) {
             return false;
         }
         setSpindle(block);
+        if (!saveOrRestoreModes(block, fault)) {
+            return false;
+        }
         setCoolant(block);
         dwell(block);
         if (block.hasG(GGroup::Plane)) {
@@ -76,10 +79,12 @@ void Machine::setFeedMode(const Block& block) {
         case 940:
             m_feedMode = FeedMode::PerMinute;
             m_feed = 0;
+            m_feedWord = 0;
             break;
         case 950:
             m_feedMode = FeedMode::PerRevolution;
             m_feed = 0;
+            m_feedWord = 0;
             break;
         default:
             break;
@@ -89,7 +94,8 @@ void Machine::setFeedMode(const Block& block) {
 // The feed is in the unit before the line: a unit word comes into force after F.
 void Machine::setFeedAndSpeed(const Block& block) {
     if (block.has('F')) {
-        m_feed = block.value('F') * (m_feedMode == FeedMode::InverseTime ? 1 : m_mmPerUnit);
+        m_feedWord = block.value('F');
+        m_feed = m_feedWord * (m_feedMode == FeedMode::InverseTime ? 1 : m_mmPerUnit);
     }
     if (block.has('S')) {
         m_speed = block.value('S');
@@ -194,10 +200,16 @@ void Machine::pushDwell(double seconds) {
 }
 
 void Machine::setUnit(const Block& block) {
-    if (!block.hasG(GGroup::Unit) || (block.g(GGroup::Unit) == 200) == m_isInches) {
+    if (block.hasG(GGroup::Unit)) {
+        changeUnit(block.g(GGroup::Unit) == 200);
+    }
+}
+
+void Machine::changeUnit(bool toInches) {
+    if (toInches == m_isInches) {
         return;
     }
-    m_isInches = !m_isInches;
+    m_isInches = toInches;
     m_mmPerUnit = m_isInches ? kMmPerInch : 1;
     scale(m_isInches ? 1 / kMmPerInch : kMmPerInch);
     enterFrame();
@@ -245,6 +257,7 @@ void Machine::resetModes() {
     m_isRelative = false;
     m_feedMode = FeedMode::PerMinute;
     m_feed = 0;
+    m_feedWord = 0;
     const Axes machine = toMachineAxes(m_position);
     m_system = 0;
     m_offset92 = {};

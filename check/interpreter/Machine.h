@@ -36,6 +36,23 @@ private:
         double peck = 0;
     };
     struct Cycle;
+    // What M70 and M73 save and M72 brings back.
+    struct SavedModes {
+        bool isValid = false;
+        bool isInches = false;
+        bool isRelative = false;
+        bool hasAbsoluteCentres = false;
+        bool retractsToR = true;
+        bool hasToolOffset = false;
+        Plane plane = Plane::XY;
+        FeedMode feedMode = FeedMode::PerMinute;
+        PathMode pathMode = PathMode::Continuous;
+        Spindle spindle = Spindle::Off;
+        std::uint8_t coolant = 0;
+        std::size_t system = 0;
+        double feedWord = 0;
+        double speed = 0;
+    };
 
     // Modes, in the order in which they come into force.
     void setFeedMode(const Block& block);
@@ -49,8 +66,16 @@ private:
     void setCoolant(const Block& block);
     void dwell(const Block& block);
     void setUnit(const Block& block);
+    void changeUnit(bool toInches);
     void setDistances(const Block& block);
     bool stop(const Block& block, Fault& fault);
+    bool saveOrRestoreModes(const Block& block, Fault& fault);
+    void saveModes();
+    bool restoreModes(Fault& fault);
+    void restoreFeed();
+    void restoreSpindle();
+    void restoreCoolant();
+    bool restoreToolLength(Fault& fault);
     void resetModes();
 
     // Offsets.
@@ -60,6 +85,7 @@ private:
     bool setToolLength(const Block& block, Fault& fault);
     bool addToolOffset(const Block& block, bool isBesides, Fault& fault);
     void setSystem(const Block& block);
+    void changeSystem(std::size_t system);
     bool checkOrigin(const Block& block, Fault& fault) const;
     bool setOrigin(const Block& block, Fault& fault);
     void setOriginFromPosition(const Block& block, std::size_t system, const Axes& machine);
@@ -117,6 +143,7 @@ private:
     std::uint8_t m_coolant = 0;
     int m_mode = kStartMode;
     double m_feed = 0;
+    double m_feedWord = 0;  // as it was written last; 0 when the mode took it away
     double m_speed = 0;
     std::int32_t m_tool = 0;
     std::int32_t m_nextTool = 0;
@@ -138,6 +165,7 @@ private:
     Sticky m_sticky;
     double m_initialLevel = 0;
     bool m_isInCycles = false;
+    SavedModes m_saved;
 
     static constexpr int kStartMode = 800;
 };

@@ -138,11 +138,14 @@ bool Machine::addToolOffset(const Block& block, bool isBesides, Fault& fault) {
 
 void Machine::setSystem(const Block& block) {
     const int code = block.g(GGroup::System);
-    if (code == Block::kNone) {
-        return;
+    if (code != Block::kNone) {
+        changeSystem(static_cast<std::size_t>(code <= 590 ? (code - 540) / 10 : code - 590 + 5));
     }
+}
+
+void Machine::changeSystem(std::size_t system) {
     const Axes machine = toMachineAxes(m_position);
-    m_system = static_cast<std::size_t>(code <= 590 ? (code - 540) / 10 : code - 590 + 5);
+    m_system = system;
     enterFrame();
     m_position = toProgramAxes(machine);
 }

@@ -67,6 +67,8 @@ const char* identifierOf(Rule rule) {
             return "mode-forbids";
         case Rule::OffsetOutOfRange:
             return "offset-out-of-range";
+        case Rule::ModesNotSaved:
+            return "modes-not-saved";
         case Rule::ToolUnknown:
             return "tool-unknown";
         case Rule::ProgramNotOpened:

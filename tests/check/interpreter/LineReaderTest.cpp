@@ -56,6 +56,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"expression", "G0 X[1+2]", " ! 1:5 expression"},
                     Row{"functionOfAnExpression", "G0 X-sin[3]", " ! 1:6 expression"},
                     Row{"codeOfALathe", "G76", " ! 1:1 not-interpreted-code"},
+                    Row{"contourOfALathe", "G71 Q100", " ! 1:1 not-interpreted-code"},
+                    Row{"contourWithoutNumber", "X1 G70", " ! 1:4 word-missing"},
+                    Row{"codeOfNobody", "G84.2 X1", " ! 1:1 unknown-g-code"},
                     Row{"radiusCompensation", "G41 D1", " ! 1:1 not-interpreted-code"}),
     [](const auto& row) { return std::string(row.param.name); });
 

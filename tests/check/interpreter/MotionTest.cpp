@@ -47,6 +47,30 @@ INSTANTIATE_TEST_SUITE_P(
     nameOf);
 
 INSTANTIATE_TEST_SUITE_P(
+    SavedModes, Motions,
+    testing::Values(
+        Row{"comeBack", "F9\nM70\nG91 F5\nM72\nG1 X1\nX2", "feed 1 0 0 F9 | feed 2 0 0 F9"},
+        Row{"moreThanOnce", "F9\nM70\nF5\nM72\nF6\nM72\nG1 X1", "feed 1 0 0 F9"},
+        Row{"theMotionCodeStays", "F9 G1 X1\nM70\nG0 X2\nM72\nX3",
+            "feed 1 0 0 F9 | rapid 2 0 0 | rapid 3 0 0"},
+        Row{"unitAndItsFeed", "F9\nM70\nG20\nF1\nM72\nG1 X1", "feed 1 0 0 F9"},
+        Row{"feedHasOneDecimal", "F9.26\nM70\nF1\nM72\nG1 X1", "feed 1 0 0 F9.3"},
+        Row{"noFeedOutOfInverseTime", "F9\nM70\nG93\nM72\nG1 X1", " ! 5:1 feed-missing"},
+        Row{"spindle", "M3 S9\nM70\nM5 S5\nM72",
+            "spindle 0 9 | spindle 1 9 | spindle 1 5 | spindle 0 5 | spindle 0 9 | spindle 1 9"},
+        Row{"coolantThatWasOnIsOn", "M8\nM70\nM9\nM7\nM72",
+            "coolant 2 | coolant 0 | coolant 1 | coolant 3"},
+        Row{"plane", "F9\nM70\nG18\nM72\nG2 X2 I1", "arc 2 0 0 round 1 0 0 turns -1 F9"},
+        Row{"systemButNotItsOrigin", "M70\nG55\nG10 L2 P1 X5\nM72\nG0 X1", "rapid 6 0 0"},
+        Row{"valuesOfTheirLine", "F9 M70\nF5\nM72\nG1 X1", "feed 1 0 0 F9"},
+        Row{"notSaved", "M72", " ! 1:1 modes-not-saved"},
+        Row{"forgotten", "M70\nM71\nM72", " ! 3:1 modes-not-saved"},
+        Row{"savedForACallersUse", "F9\nM73\nF5\nM72\nG1 X1", "feed 1 0 0 F9"},
+        Row{"besideTheSpindle", "M3 M70", " ! 1:4 same-modal-group"},
+        Row{"restoreHasALineOfItsOwn", "M70\nM72 G0 X1", " ! 2:1 not-interpreted-code"}),
+    nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
     Arcs, Motions,
     testing::Values(
         Row{"centre", "F9\nG2 X10 I5", "arc 10 0 0 round 5 0 0 turns -1 F9"},

@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: The GCodeAddin developers
+// SPDX-License-Identifier: MIT
+// M70 and M73 save the modes, M71 forgets them, M72 brings them back.
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "interpreter/Machine.h"
+#include "interpreter/Units.h"
+
+namespace gcode_check {
+namespace {
+
+constexpr std::uint8_t kMist = 1;
+constexpr std::uint8_t kFlood = 2;
+
+// A controller writes the words again that it brings back: F with so many decimals, S whole.
+double rewritten(double value, int decimals) {
+    std::array<char, 400> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::fixed, decimals);
+    double result = value;
+    std::from_chars(text.data(), end.ptr, result);
+    return result;
+}
+
+bool isOnlyForModes(const Block& block) {
+    constexpr std::array<GGroup, 14> kLater = {
+        GGroup::OneShot,     GGroup::Motion,      GGroup::CancelMotion, GGroup::Plane,
+        GGroup::Distance,    GGroup::ArcDistance, GGroup::Unit,         GGroup::RadiusOffset,
+        GGroup::ToolLength,  GGroup::Retract,     GGroup::System,       GGroup::Path,
+        GGroup::SpindleMode, GGroup::OffsetOff};
+    constexpr std::array<MGroup, 4> kLaterM = {MGroup::Stop, MGroup::Coolant, MGroup::Override,
+                                               MGroup::Output};
+    return !block.hasAxes() && !block.hasG(GGroup::Diameter) &&
+           std::none_of(kLater.begin(), kLater.end(),
+                        [&](GGroup group) { return block.hasG(group); }) &&
+           std::none_of(kLaterM.begin(), kLaterM.end(),
+                        [&](MGroup group) { return block.hasM(group); });
+}
+
+}  // namespace
+
+bool Machine::saveOrRestoreModes(const Block& block, Fault& fault) {
+    switch (block.m(MGroup::Spindle)) {
+        case 70:
+        case 73:
+            saveModes();
+            return true;
+        case 71:
+            m_saved.isValid = false;
+            return true;
+        case 72:
+            break;
+        default:
+            return true;
+    }
+    const std::uint32_t column = block.columnOfM(MGroup::Spindle);
+    if (!m_saved.isValid) {
+        return reject(fault, Rule::ModesNotSaved, column, "M72", "M70 or M73 before it");
+    }
+    // A controller forgets the rest of the line when it has something to bring back.
+    if (!isOnlyForModes(block)) {
+        return reject(fault, Rule::NotInterpretedCode, column, "M72 beside other words",
+                      "M72 on a line of its own");
+    }
+    return restoreModes(fault);
+}
+
+void Machine::saveModes() {
+    m_saved.isValid = true;
+    m_saved.isInches = m_isInches;
+    m_saved.isRelative = m_isRelative;
+    m_saved.hasAbsoluteCentres = m_hasAbsoluteCentres;
+    m_saved.retractsToR = m_retractsToR;
+    m_saved.hasToolOffset = m_toolOffset != Axes{};
+    m_saved.plane = m_plane;
+    m_saved.feedMode = m_feedMode;
+    m_saved.pathMode = m_pathMode;
+    m_saved.spindle = m_spindle;
+    m_saved.coolant = m_coolant;
+    m_saved.system = m_system;
+    m_saved.feedWord = m_feedWord;
+    m_saved.speed = m_speed;
+}
+
+// The motion code stays as it is, and so do origins and G92.
+bool Machine::restoreModes(Fault& fault) {
+    changeUnit(m_saved.isInches);
+    restoreFeed();
+    restoreSpindle();
+    m_plane = m_saved.plane;
+    if (!restoreToolLength(fault)) {
+        return false;
+    }
+    changeSystem(m_saved.system);
+    m_pathMode = m_saved.pathMode;
+    m_isRelative = m_saved.isRelative;
+    m_hasAbsoluteCentres = m_saved.hasAbsoluteCentres;
+    m_retractsToR = m_saved.retractsToR;
+    restoreCoolant();
+    return true;
+}
+
+// Out of or into inverse time the feed does not come back.
+void Machine::restoreFeed() {
+    const bool isChanged = m_feedMode != m_saved.feedMode;
+    const bool isInverse =
+        m_feedMode == FeedMode::InverseTime || m_saved.feedMode == FeedMode::InverseTime;
+    m_feedMode = m_saved.feedMode;
+    if (isChanged && m_feedMode != FeedMode::InverseTime) {
+        m_feed = 0;
+        m_feedWord = 0;
+    }
+    if (!isInverse && m_feedWord != m_saved.feedWord) {
+        m_feedWord = rewritten(m_saved.feedWord, 1);
+        m_feed = m_feedWord * m_mmPerUnit;
+    }
+}
+
+void Machine::restoreSpindle() {
+    if (m_speed != m_saved.speed) {
+        m_speed = rewritten(m_saved.speed, 0);
+        pushSpindle(m_spindle);
+    }
+    if (m_spindle != m_saved.spindle) {
+        pushSpindle(m_saved.spindle);
+    }
+}
+
+// What was on is switched on again; what was off goes off only when both were off.
+void Machine::restoreCoolant() {
+    if (m_saved.coolant == 0 && m_coolant != 0) {
+        m_coolant = 0;
+        m_reading.motions.push_back(step(MotionKind::Coolant));
+    }
+    for (const std::uint8_t kind : {kMist, kFlood}) {
+        if ((m_saved.coolant & kind) != 0 && (m_coolant & kind) == 0) {
+            m_coolant |= kind;
+            m_reading.motions.push_back(step(MotionKind::Coolant));
+        }
+    }
+}
+
+// The offset of the tool in the spindle, whichever it was before.
+bool Machine::restoreToolLength(Fault& fault) {
+    const bool hasOffset = m_toolOffset != Axes{};
+    if (hasOffset == m_saved.hasToolOffset) {
+        return true;
+    }
+    Block block;
+    block.clear();
+    block.setG(GGroup::ToolLength, hasOffset ? 490 : 430, 1);
+    return setToolLength(block, fault);
+}
+
+}  // namespace gcode_check
