@@ -102,7 +102,6 @@ int Checking::readDrawing() {
 
 gcode_check::CheckOptions Checking::checkOptions() const {
     gcode_check::CheckOptions options = checkOptionsOf(m_options.check);
-    options.plungeFeed = m_options.plungeFeed;
     options.machine.blockDelete = m_options.blockDelete;
     options.machine.startsInInches = m_options.startUnit == Unit::Inch;
     return options;

@@ -17,7 +17,6 @@
 #include "TextFile.h"
 #include "ViewPicture.h"
 #include "drawing/CheckShapes.h"
-#include "drawing/Numbers.h"
 #include "report/TextReport.h"
 
 namespace {
@@ -56,7 +55,6 @@ private:
     int saveProgram(const QByteArray& program);
     int writeProgram() const;
     int checkProgram() const;
-    gcode_check::CheckOptions checkOptions() const;
     bool changesWhenSaved() const;
 
     bool fillToolPath();
@@ -246,13 +244,6 @@ int Generation::saveProgram(const QByteArray& program) {
     return kExitWritten;
 }
 
-gcode_check::CheckOptions Generation::checkOptions() const {
-    gcode_check::CheckOptions options = checkOptionsOf(m_options.check);
-    options.plungeFeed =
-        kxdrawing::parseReal(m_options.mode == Mode::Drill ? m_options.drillFeed : m_options.feedZ);
-    return options;
-}
-
 int Generation::checkProgram() const {
     const gcode_check::Drawing drawing =
         kxdrawing::checkShapes(m_document->GetSelection(kxSelectionSetType_Current),
@@ -260,7 +251,8 @@ int Generation::checkProgram() const {
             .drawing;
     const std::string_view program(m_program.constData(),
                                    static_cast<std::size_t>(m_program.size()));
-    const gcode_check::CheckResult result = gcode_check::check(program, checkOptions(), &drawing);
+    const gcode_check::CheckResult result =
+        gcode_check::check(program, checkOptionsOf(checkSettingsOf(m_options)), &drawing);
     std::cerr << gcode_check::textReport(
         result, headOf(m_options.output, "standard output", m_options.drawing));
     return exitCodeOf(result);

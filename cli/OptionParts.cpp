@@ -5,11 +5,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <optional>
 
-namespace {
-
-std::optional<double> readNumber(const std::string& text) {
+std::optional<double> numberIn(const std::string& text) {
     double value = 0;
     const char* const end = text.data() + text.size();
     const auto [last, error] = std::from_chars(text.data(), end, value);
@@ -17,18 +14,19 @@ std::optional<double> readNumber(const std::string& text) {
     return whole ? std::optional(value) : std::nullopt;
 }
 
-/// Numbers have a decimal point whatever the locale is.
+namespace {
+
 std::string checkNumber(const std::string& text) {
-    return readNumber(text) ? std::string() : "'" + text + "' is not a number";
+    return numberIn(text) ? std::string() : "'" + text + "' is not a number";
 }
 
 std::string checkPositive(const std::string& text) {
-    const std::optional<double> value = readNumber(text);
+    const std::optional<double> value = numberIn(text);
     return value && *value > 0 ? std::string() : "'" + text + "' is not a number above 0";
 }
 
 std::string checkNotNegative(const std::string& text) {
-    const std::optional<double> value = readNumber(text);
+    const std::optional<double> value = numberIn(text);
     return value && *value >= 0 ? std::string() : "'" + text + "' is not a number of at least 0";
 }
 
@@ -77,8 +75,9 @@ void addObjectChoice(CLI::App& app, ObjectChoice& choice, const std::string& tol
         ->transform(lowered());
     app.add_flag("--explode,!--no-explode", choice.explode,
                  "Turn polylines, ellipses and splines into lines and arcs (default)");
-    app.add_option(tolerance, choice.explodeTolerance,
-                   "Chord tolerance of ellipses and splines in drawing units")
+    app.add_option(
+           tolerance, choice.explodeTolerance,
+           "Chord tolerance of ellipses and splines in drawing units, when they are exploded")
         ->type_name("NUMBER")
         ->check(isPositive())
         ->capture_default_str();
@@ -96,6 +95,12 @@ void addCheckSettings(CLI::App& app, CheckSettings& settings, const std::string&
     };
     add("--surface", settings.surface, "Z of the material's top", isNumber());
     add(tolerance, settings.tolerance, "How far from its object a cut may lie", isPositive());
+    app.add_option("--arc-tolerance", settings.arcTolerance,
+                   "How much the two radii of an arc may differ on your controller "
+                   "(default 0.005 mm, or a thousandth of the radius)")
+        ->type_name("NUMBER")
+        ->check(isNotNegative())
+        ->group(group);
     add("--rapid-rate", settings.rapidRate,
         "Speed of rapid moves in mm per minute, to estimate the time", isPositive());
 }

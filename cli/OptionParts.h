@@ -3,6 +3,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,6 +12,9 @@
 #include "ProgramCheck.h"
 
 // What the command lines of several commands are made of.
+
+/// The number that a whole text is, with a decimal point whatever the locale is; finite.
+std::optional<double> numberIn(const std::string& text);
 
 // Whole texts that are finite numbers with a decimal point, whatever the locale is.
 CLI::Validator isNumber();

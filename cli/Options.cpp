@@ -69,10 +69,9 @@ void addAddin(CLI::App& app, std::string& addin) {
         ->configurable(false);
 }
 
-void addEverything(CLI::App& app, Options& options) {
-    app.add_option("drawing", options.drawing, "The drawing, a DXF file")
-        ->type_name("DRAWING")
-        ->required();
+/// Gives what of it comes from a settings file.
+std::shared_ptr<const OptionSet> addEverything(CLI::App& app, Options& options) {
+    app.add_option("drawing", options.drawing, "The drawing, a DXF file")->type_name("DRAWING");
     app.add_option("-o,--output", options.output, "Where the program goes (default: shown)")
         ->type_name("FILE");
     addObjectChoice(app, options.objects, "--tolerance,--explode-tolerance");
@@ -84,8 +83,20 @@ void addEverything(CLI::App& app, Options& options) {
     app.add_flag("--report", options.report, "Print what was read from the drawing");
     app.add_flag("--quiet", options.quiet, "Print errors and warnings only");
     addAddin(app, options.addin);
-    addSettingsFile(app);
     app.set_version_flag("--version", std::string("kxgcode ") + kVersion);
+    return addSettingsFile(app);
+}
+
+/// Refuses what stands on the command line and means nothing there without another option. A
+/// settings file may hold it all the same: it serves with that option and without.
+void refuseWithout(const std::string& other, const std::vector<std::string>& names,
+                   const CLI::App& app, const OptionSet& fromFile) {
+    for (const std::string& name : names) {
+        const CLI::Option* const option = app.get_option(name);
+        if (option->count() > 0 && fromFile.count(option) == 0) {
+            throw CLI::ArgumentMismatch(name + " means nothing without " + other);
+        }
+    }
 }
 
 /// The exit code to end with at once, after what is to be said was printed; else nothing.
@@ -114,11 +125,18 @@ void addCheckCommand(CLI::App& app, CheckCommandOptions& options) {
     app.add_option("--drawing", options.drawing, "The drawing that it was made from, a DXF file")
         ->type_name("DRAWING");
     addObjectChoice(app, options.objects, "--explode-tolerance");
+    app.add_option("--config", options.settingsFile,
+                   "The settings file (TOML) that the program was made with")
+        ->type_name("FILE");
     addChoice<std::optional<Unit>>(app, "--unit", options.drawingUnit,
                                    {{"mm", Unit::Millimetre}, {"inch", Unit::Inch}},
                                    "Unit of the drawing (default what its file says)");
     addCheckSettings(app, options.check, "--tolerance,--check-tolerance", "Options");
-    app.add_option("--feed-z", options.plungeFeed, "Plunge feed per minute as it should be")
+    app.add_option("--depth", options.check.depth,
+                   "Z of the deepest cut: none may go deeper, and one must reach it")
+        ->type_name("NUMBER")
+        ->check(isNumber());
+    app.add_option("--feed-z", options.check.plungeFeed, "Plunge feed per minute as it should be")
         ->type_name("NUMBER")
         ->check(isPositive());
     addChoice<Unit>(app, "--start-unit", options.startUnit,
@@ -128,6 +146,52 @@ void addCheckCommand(CLI::App& app, CheckCommandOptions& options) {
     app.add_flag("--report", options.report, "Print what was read from the drawing");
     app.add_flag("--json", options.json, "Print the report as JSON");
     app.add_flag("--quiet", options.quiet, "Say errors and warnings only of what is read");
+}
+
+/// The settings in a file, as they are read to make a program.
+Options settingsIn(const std::string& file) {
+    Options settings;
+    CLI::App app("", "kxgcode");
+    addEverything(app, settings);
+    app.parse(std::vector<std::string>{"--config=" + file});
+    return settings;
+}
+
+/// What the command line leaves open is as it was when the program was made.
+void takeSettings(const CLI::App& app, CheckCommandOptions& options) {
+    const Options settings = settingsIn(options.settingsFile);
+    const CheckSettings known = checkSettingsOf(settings);
+    const auto take = [&app](const char* name, auto& option, const auto& setting) {
+        if (app.count(name) == 0) {
+            option = setting;
+        }
+    };
+    take("--drawing", options.drawing, settings.drawing);
+    take("--layer", options.objects.layers, settings.objects.layers);
+    take("--type", options.objects.types, settings.objects.types);
+    take("--explode", options.objects.explode, settings.objects.explode);
+    take("--explode-tolerance", options.objects.explodeTolerance,
+         settings.objects.explodeTolerance);
+    take("--surface", options.check.surface, known.surface);
+    take("--check-tolerance", options.check.tolerance, known.tolerance);
+    take("--arc-tolerance", options.check.arcTolerance, known.arcTolerance);
+    take("--rapid-rate", options.check.rapidRate, known.rapidRate);
+    take("--depth", options.check.depth, known.depth);
+    take("--feed-z", options.check.plungeFeed, known.plungeFeed);
+    take("--report", options.report, settings.report);
+    take("--quiet", options.quiet, settings.quiet);
+}
+
+void finishCheckOptions(const CLI::App& app, CheckCommandOptions& options) {
+    if (!options.settingsFile.empty()) {
+        takeSettings(app, options);
+    }
+    if (options.drawing.empty()) {
+        refuseWithout(
+            "--drawing",
+            {"--layer", "--type", "--explode", "--explode-tolerance", "--unit", "--report"}, app,
+            {});
+    }
 }
 
 }  // namespace
@@ -156,6 +220,7 @@ Parsed<CheckCommandOptions> parseCheckOptions(int argc, char** argv) {
     CLI::App app("Tells what a program does on a machine, and what is wrong with it.",
                  "kxgcode check");
     addCheckCommand(app, parsed.options);
+    app.callback([&app, &parsed] { finishCheckOptions(app, parsed.options); });
     parsed.exitCode = parse(app, argc - 1, argv + 1);
     return parsed;
 }
@@ -167,7 +232,15 @@ Parsed<Options> parseOptions(int argc, char** argv) {
         "kxgcode view FILE.nc --preview FILE.png makes a picture of any program,\n"
         "kxgcode check FILE.nc tells what is wrong with it.",
         "kxgcode");
-    addEverything(app, parsed.options);
+    const std::shared_ptr<const OptionSet> fromFile = addEverything(app, parsed.options);
+    app.get_option("drawing")->required();
+    app.callback([&app, &parsed, &fromFile] {
+        if (!parsed.options.isChecked) {
+            refuseWithout("--check",
+                          {"--surface", "--check-tolerance", "--arc-tolerance", "--rapid-rate"},
+                          app, *fromFile);
+        }
+    });
     parsed.exitCode = parse(app, argc, argv);
     if (parsed.exitCode) {
         return parsed;
@@ -185,6 +258,16 @@ Parsed<Options> parseOptions(int argc, char** argv) {
         parsed.exitCode = kExitWrongUsage;
     }
     return parsed;
+}
+
+CheckSettings checkSettingsOf(const Options& options) {
+    CheckSettings settings = options.check;
+    const bool isDrill = options.mode == Mode::Drill;
+    settings.plungeFeed = numberIn(isDrill ? options.drillFeed : options.feedZ);
+    if (options.motion == Motion::Absolute) {
+        settings.depth = numberIn(isDrill ? options.drillDepth : options.depth);
+    }
+    return settings;
 }
 
 std::vector<std::string> missingOptions(const Options& options) {

@@ -70,10 +70,11 @@ struct CheckCommandOptions {
     /// Empty: the program is read without one.
     std::string drawing;
     ObjectChoice objects;
+    /// The settings file that was read; empty without one.
+    std::string settingsFile;
     /// Instead of what the drawing's file says.
     std::optional<Unit> drawingUnit;
     CheckSettings check;
-    std::optional<double> plungeFeed;
     Unit startUnit = Unit::Millimetre;
     bool blockDelete = false;
     bool json = false;
@@ -100,6 +101,9 @@ Parsed<ViewOptions> parseViewOptions(int argc, char** argv);
 
 /// Reads the command line of `kxgcode check`.
 Parsed<CheckCommandOptions> parseCheckOptions(int argc, char** argv);
+
+/// What a check of the program is told: what was asked for, and the settings' own feed and depth.
+CheckSettings checkSettingsOf(const Options& options);
 
 /// The options that the mode needs and nobody gave, as they are written on the command line.
 std::vector<std::string> missingOptions(const Options& options);

@@ -10,6 +10,9 @@ gcode_check::CheckOptions checkOptionsOf(const CheckSettings& settings) {
     options.surfaceZ = settings.surface;
     options.tolerance = settings.tolerance;
     options.rapidRate = settings.rapidRate;
+    options.arcRadiusTolerance = settings.arcTolerance;
+    options.depth = settings.depth;
+    options.plungeFeed = settings.plungeFeed;
     return options;
 }
 

@@ -4,9 +4,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
-
-#include <kx/kxObject.h>
 
 #include "findings/Check.h"
 #include "report/Report.h"
@@ -15,6 +12,12 @@
 struct CheckSettings {
     double surface = 0;
     double tolerance = 0.02;
+    /// How much the radii of an arc may differ; none: what simple controllers take.
+    std::optional<double> arcTolerance;
+    /// The deepest Z of a cut, which one must reach; none: any.
+    std::optional<double> depth;
+    /// Of strokes straight down, in the program's unit a minute; none: what its own strokes say.
+    std::optional<double> plungeFeed;
     /// Millimetres a minute.
     double rapidRate = 5000;
 };

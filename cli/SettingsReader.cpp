@@ -5,8 +5,7 @@
 #include <cstddef>
 #include <istream>
 #include <iterator>
-#include <memory>
-#include <set>
+#include <utility>
 #include <vector>
 
 #include "SettingsFile.h"
@@ -29,7 +28,8 @@ std::string checkSettingsFile(const std::string& path) {
 /// Gives what stands in the settings file to the options that the command line does not give.
 class SettingsReader : public CLI::ConfigTOML {
 public:
-    explicit SettingsReader(CLI::App* app) : m_app(app) {}
+    SettingsReader(CLI::App* app, std::shared_ptr<OptionSet> fromFile)
+        : m_app(app), m_fromFile(std::move(fromFile)) {}
 
     /// Leaves nothing to be taken from the file by the caller.
     std::vector<CLI::ConfigItem> from_config(std::istream& input) const override {
@@ -42,7 +42,7 @@ public:
         if (!settings.error.empty()) {
             throw SettingsError(file, settings.errorLine, settings.error);
         }
-        std::set<const CLI::Option*> seen;
+        OptionSet seen;
         for (const Setting& setting : settings.list) {
             const std::string problem = apply(setting, &seen);
             if (!problem.empty()) {
@@ -63,7 +63,7 @@ private:
     }
 
     /// What stands against a setting; empty when nothing does.
-    std::string apply(const Setting& setting, std::set<const CLI::Option*>* seen) const {
+    std::string apply(const Setting& setting, OptionSet* seen) const {
         CLI::Option* const option = optionOf(setting.name);
         if (option == nullptr || !option->get_configurable()) {
             return "'" + setting.name + "' is no setting";
@@ -75,7 +75,11 @@ private:
         if (!takesList && setting.isList) {
             return "'" + setting.name + "' takes one value, not a list";
         }
-        return option->count() > 0 ? std::string() : give(setting, option);
+        if (option->count() > 0) {
+            return {};
+        }
+        m_fromFile->insert(option);
+        return give(setting, option);
     }
 
     static std::string give(const Setting& setting, CLI::Option* option) {
@@ -95,13 +99,16 @@ private:
     }
 
     CLI::App* m_app;
+    std::shared_ptr<OptionSet> m_fromFile;
 };
 
 }  // namespace
 
-void addSettingsFile(CLI::App& app) {
+std::shared_ptr<const OptionSet> addSettingsFile(CLI::App& app) {
+    const auto fromFile = std::make_shared<OptionSet>();
     app.set_config("--config", "", "Settings file (TOML) with any of these options")
         ->type_name("FILE");
     app.get_config_ptr()->check(CLI::Validator(checkSettingsFile, ""));
-    app.config_formatter(std::make_shared<SettingsReader>(&app));
+    app.config_formatter(std::make_shared<SettingsReader>(&app, fromFile));
+    return fromFile;
 }

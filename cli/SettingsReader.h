@@ -3,6 +3,8 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <memory>
+#include <set>
 #include <string>
 
 /// What is wrong with a settings file: its name, the line and the cause.
@@ -13,6 +15,9 @@ public:
                            CLI::ExitCodes::ConfigError) {}
 };
 
+using OptionSet = std::set<const CLI::Option*>;
+
 /// Adds --config: what stands in the file it names goes to the options that the command line does
 /// not give. Parsing then throws a `SettingsError` for what no option takes, or a `CLI::FileError`.
-void addSettingsFile(CLI::App& app);
+/// The options that have their value from the file are in the set once it is parsed.
+std::shared_ptr<const OptionSet> addSettingsFile(CLI::App& app);

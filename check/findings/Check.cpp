@@ -8,6 +8,7 @@
 #include "findings/rules/ArcRadiusRule.h"
 #include "findings/rules/DepthRule.h"
 #include "findings/rules/HeightIncrementsRule.h"
+#include "findings/rules/IntendedDepthRule.h"
 #include "findings/rules/PlungeFeedRule.h"
 #include "findings/rules/ProgramRules.h"
 #include "findings/rules/RapidRule.h"
@@ -32,7 +33,8 @@ public:
           m_plunges(setting, findings),
           m_increments(setting, findings),
           m_start(setting, findings),
-          m_depth(setting, findings) {}
+          m_depth(setting, findings),
+          m_intendedDepth(setting, findings) {}
 
     void step(const Step& step) {
         m_figures.step(step);
@@ -46,6 +48,7 @@ public:
         m_increments.step(step);
         m_start.step(step);
         m_depth.step(step);
+        m_intendedDepth.step(step);
         m_last = step;
     }
 
@@ -54,14 +57,15 @@ public:
         m_plunges.finish();
         m_increments.finish();
         m_depth.finish();
+        m_intendedDepth.finish();
         if (m_last.motion != nullptr) {
             findEndInMaterial(m_setting, m_last, m_findings);
         }
         if (m_findings.has(FindingKind::HeightIncrements)) {
             // All heights of such a program are wrong, and these follow from them.
-            for (const FindingKind kind :
-                 {FindingKind::DepthZero, FindingKind::RapidInMaterial, FindingKind::RapidAtSurface,
-                  FindingKind::EndsInMaterial}) {
+            for (const FindingKind kind : {FindingKind::DepthZero, FindingKind::RapidInMaterial,
+                                           FindingKind::RapidAtSurface, FindingKind::EndsInMaterial,
+                                           FindingKind::CutTooDeep, FindingKind::DepthNotReached}) {
                 m_findings.drop(kind);
             }
         }
@@ -79,6 +83,7 @@ private:
     HeightIncrementsRule m_increments;
     StartRule m_start;
     DepthRule m_depth;
+    IntendedDepthRule m_intendedDepth;
     Step m_last;
 };
 
@@ -114,6 +119,11 @@ CheckResult check(std::string_view program, const CheckOptions& options, const D
         result.drawingGiven = true;
         result.shapes = drawing->shapes.size();
         checkDrawing(setting, *drawing, heightsFor(findings), findings, result);
+    }
+    if (findings.has(FindingKind::UnitsDiffer)) {
+        // In another unit no depth is the one that was meant.
+        findings.drop(FindingKind::CutTooDeep);
+        findings.drop(FindingKind::DepthNotReached);
     }
     findings.moveInto(result);
     return result;

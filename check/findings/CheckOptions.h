@@ -17,6 +17,8 @@ struct CheckOptions {
     // How much the two radii of an arc may differ; none: 0.005 mm or a thousandth of the radius,
     // whichever is more, as simple controllers have it
     std::optional<double> arcRadiusTolerance;
+    // The deepest Z that a cut may have and that one must have; none: any
+    std::optional<double> depth;
     double rapidRate = 5000;  // millimetres a minute, for the estimate of time
     // The feed of strokes straight down, where the settings are known; none: what the program's
     // own strokes say

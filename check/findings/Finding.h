@@ -39,6 +39,8 @@ enum class FindingKind : std::uint8_t {
     AppendedTwoEnds,
     AppendedTwoUnits,
     LineNumbersDisorder,
+    CutTooDeep,
+    DepthNotReached,
 };
 
 // All of them, in the order above.

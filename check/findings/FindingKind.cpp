@@ -7,7 +7,7 @@ namespace gcode_check {
 const std::vector<FindingKind>& allFindingKinds() {
     static const std::vector<FindingKind> kinds = [] {
         std::vector<FindingKind> all;
-        const auto last = static_cast<unsigned>(FindingKind::LineNumbersDisorder);
+        const auto last = static_cast<unsigned>(FindingKind::DepthNotReached);
         for (unsigned kind = 0; kind <= last; ++kind) {
             all.push_back(static_cast<FindingKind>(kind));
         }
@@ -67,6 +67,10 @@ const char* identifierOf(FindingKind kind) {
             return "appended-two-units";
         case FindingKind::LineNumbersDisorder:
             return "line-numbers-disorder";
+        case FindingKind::CutTooDeep:
+            return "cut-too-deep";
+        case FindingKind::DepthNotReached:
+            return "depth-not-reached";
     }
     return "";
 }

@@ -169,9 +169,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ByteReader input(data, size);
     Both both = settings(&input);
     const std::string path = settingsFileWith(both.file);
-    both.arguments.emplace_back("part.dxf");
+    // What only a check needs is refused as an argument without it; a file may hold it.
+    both.arguments.insert(both.arguments.end(), {"--check", "part.dxf"});
     const ParsedCommand typed = parseCommand(both.arguments);
-    const ParsedCommand read = parseCommand({"part.dxf", "--config", path});
+    const ParsedCommand read = parseCommand({"part.dxf", "--check", "--config", path});
     FUZZ_CHECK(typed.exitCode.has_value() == read.exitCode.has_value());
     FUZZ_CHECK(typed.isTaken == read.isTaken);
     if (typed.isTaken) {

@@ -113,6 +113,116 @@ TEST_F(Check, TakesTheSurface) {
     EXPECT_TRUE(has(below.output, "[depth-zero]")) << below.output.constData();
 }
 
+TEST_F(Check, ComparesTheDepthThatIsGiven) {
+    const QString program = programOf(m_drawing);
+    EXPECT_EQ(check({program, "--depth", "-1"}).code, 0);
+    const CommandRun deep = check({program, "--depth", "-0.5"});
+    EXPECT_EQ(deep.code, 5);
+    EXPECT_TRUE(has(deep.output, "[cut-too-deep]")) << deep.output.constData();
+    const CommandRun shallow = check({program, "--depth", "-2"});
+    EXPECT_EQ(shallow.code, 0);
+    EXPECT_TRUE(has(shallow.output, "[depth-not-reached]")) << shallow.output.constData();
+}
+
+TEST_F(Check, KnowsTheDepthThatAProgramIsMadeWith) {
+    const QString deeper = m_work.write("again.txt", "G0 Z5\nG1 Z-1.5 F100\n" + kEnd);
+    const QStringList arguments =
+        QStringList{m_drawing, "--check", "--preamble", m_begin, "--postscript", deeper};
+    const CommandRun run = runProgram(arguments + toolPathSettings());
+    EXPECT_EQ(run.code, 5);
+    EXPECT_TRUE(has(run.messages, "[cut-too-deep]")) << run.messages.constData();
+    const CommandRun meant = runProgram(QStringList{m_drawing, "--check", "--quiet"} + settings());
+    EXPECT_TRUE(has(meant.messages, "0 errors, 0 warnings")) << meant.messages.constData();
+}
+
+TEST_F(Check, TakesTheToleranceOfArcs) {
+    const QString program =
+        m_work.write("arc.nc", kBegin + "G0 X0 Y0\nG1 Z-1 F100\nG2 X10.01 Y0 I5 J0\n" + kEnd);
+    const CommandRun common = check({program});
+    EXPECT_EQ(common.code, 0);
+    EXPECT_TRUE(has(common.output, "warning: The arc begins")) << common.output.constData();
+    EXPECT_FALSE(has(check({program, "--arc-tolerance", "0.02"}).output, "[arc-radii-differ]"));
+    const CommandRun strict = check({program, "--arc-tolerance", "0.001"});
+    EXPECT_EQ(strict.code, 5);
+    EXPECT_TRUE(has(strict.output, "error: The arc begins")) << strict.output.constData();
+}
+
+TEST_F(Check, RefusesWhatMeansNothingWithoutADrawing) {
+    const QString program = programOf(m_drawing);
+    const std::vector<QStringList> all{{"--layer", "0"}, {"--type", "line"},
+                                       {"--no-explode"}, {"--unit", "mm"},
+                                       {"--report"},     {"--explode-tolerance", "0.1"}};
+    for (const QStringList& given : all) {
+        const CommandRun run = check(QStringList{program} + given);
+        EXPECT_EQ(run.code, 1) << qPrintable(given.first());
+        EXPECT_TRUE(has(run.messages, "means nothing without --drawing"))
+            << run.messages.constData();
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(check(QStringList{program, "--drawing", m_drawing} + given).code, 0);
+    }
+    EXPECT_TRUE(has(check({program, "--layer", "0"}).messages,
+                    "kxgcode: --layer means nothing without --drawing\nRun kxgcode check --help"));
+}
+
+TEST_F(Check, RefusesItsOptionsWithoutIt) {
+    const QString config = m_work.write("a.toml", "surface = 5\nrapid-rate = 3000\n");
+    for (const char* option :
+         {"--surface", "--check-tolerance", "--arc-tolerance", "--rapid-rate"}) {
+        const QStringList arguments = QStringList{m_drawing, option, "1"} + settings();
+        const CommandRun run = runProgram(arguments);
+        EXPECT_EQ(run.code, 1) << option;
+        EXPECT_TRUE(has(run.messages, option)) << run.messages.constData();
+        EXPECT_TRUE(has(run.messages, " means nothing without --check\n"));
+        EXPECT_NE(runProgram(arguments + QStringList{"--check"}).code, 1) << option;
+    }
+    // A file serves with and without a check.
+    const CommandRun filed = runProgram(QStringList{m_drawing, "--config", config} + settings());
+    EXPECT_EQ(filed.code, 0) << filed.messages.constData();
+    EXPECT_EQ(
+        runProgram(QStringList{m_drawing, "--config", config, "--surface", "1"} + settings()).code,
+        1);
+}
+
+TEST_F(Check, TakesTheSettingsThatTheProgramWasMadeWith) {
+    const QString flange = example("flange.dxf");
+    const QString config =
+        m_work.write("a.toml",
+                     "layer = \"plate\"\nsafe-height = 5\nretraction = 10\ndepth = -1\nfeed-z = "
+                     "100\nfeed-xy = 300\ntolerance = 5\nunit = \"mm\"\ncheck-tolerance = 0.1\n");
+    const QString program = programOf(flange, {"--config", config});
+    const CommandRun run = check({program, "--drawing", flange, "--config", config, "--json"});
+    EXPECT_EQ(run.code, 0) << run.output.constData() << run.messages.constData();
+    EXPECT_FALSE(has(run.output, "not-cut")) << run.output.constData();
+    const QStringList other{program, "--drawing", flange, "--config", config, "--layer", "bore"};
+    EXPECT_TRUE(has(check(other).output, "[not-cut]"));
+    EXPECT_TRUE(
+        has(check({program, "--config", config, "--depth", "-3"}).output, "[depth-not-reached]"));
+    EXPECT_TRUE(has(check({program, "--config", config, "--feed-z", "7"}).output, "[plunge-feed]"));
+    // Without a drawing what chooses its objects waits in the file; on the command line it can't.
+    EXPECT_EQ(check({program, "--config", config}).code, 0);
+    EXPECT_EQ(check({program, "--config", config, "--layer", "plate"}).code, 1);
+}
+
+TEST_F(Check, ASettingsFilesToleranceIsThatOfCurves) {
+    const QString other = m_work.write("other.dxf", drawingOf(lineEntity(1, 2.05, 10, 5.05)));
+    const QString curves = m_work.write("curves.toml", "tolerance = 0.1\n");
+    const QString cuts = m_work.write("cuts.toml", "check-tolerance = 0.1\n");
+    const QStringList arguments{programOf(m_drawing), "--drawing", other, "--config"};
+    EXPECT_TRUE(has(check(arguments + QStringList{curves}).output, "[not-cut]"));
+    EXPECT_FALSE(has(check(arguments + QStringList{cuts}).output, "[not-cut]"));
+}
+
+TEST_F(Check, SaysWhatIsWrongInASettingsFile) {
+    const QString program = programOf(m_drawing);
+    const QString config = m_work.write("a.toml", "depth = -1\njson = true\n");
+    const CommandRun run = check({program, "--config", config});
+    EXPECT_EQ(run.code, 2);
+    EXPECT_EQ(run.messages, "kxgcode: " + config.toUtf8() + ":2: 'json' is no setting\n");
+    const CommandRun none = check({program, "--config", m_work.path("none.toml")});
+    EXPECT_EQ(none.code, 2);
+    EXPECT_TRUE(has(none.messages, "none.toml: no such file")) << none.messages.constData();
+}
+
 TEST_F(Check, TakesTheToleranceByEitherName) {
     const QString other = m_work.write("other.dxf", drawingOf(lineEntity(1, 2.05, 10, 5.05)));
     const QStringList arguments{programOf(m_drawing), "--drawing", other};
@@ -270,9 +380,10 @@ TEST_F(Check, RefusesWhatIsNoOptionOrNumber) {
     const CommandRun bare = check({});
     EXPECT_EQ(bare.code, 1);
     EXPECT_TRUE(has(bare.messages, "Run kxgcode check --help")) << bare.messages.constData();
-    EXPECT_EQ(check({program, "--depth", "1"}).code, 1);
+    EXPECT_EQ(check({program, "--retraction", "1"}).code, 1);
     EXPECT_EQ(check({program, program}).code, 1);
-    for (const char* option : {"--surface", "--tolerance", "--rapid-rate", "--feed-z"}) {
+    for (const char* option :
+         {"--surface", "--tolerance", "--rapid-rate", "--feed-z", "--depth", "--arc-tolerance"}) {
         const CommandRun run = check({program, option, "1,5"});
         EXPECT_EQ(run.code, 1) << option;
         EXPECT_TRUE(has(run.messages, "1,5")) << run.messages.constData();

@@ -54,6 +54,8 @@ bool readOption(const std::string& text, gcode_check::CheckOptions& options) {
         options.tolerance = value;
     } else if (name == "arc-tolerance") {
         options.arcRadiusTolerance = value;
+    } else if (name == "depth") {
+        options.depth = value;
     } else if (name == "plunge-feed") {
         options.plungeFeed = value;
     } else {
