@@ -111,7 +111,7 @@ int Checking::report() const {
     const gcode_check::CheckResult result =
         gcode_check::check(m_program, checkOptions(), m_drawing ? &*m_drawing : nullptr);
     const gcode_check::ReportHead head =
-        headOf(m_options.program, "standard input", m_options.drawing);
+        headOf(m_options.program, "standard input", m_options.drawing, m_options.check);
     const std::string text = m_options.json ? gcode_check::jsonReport(result, head)
                                             : gcode_check::textReport(result, head);
     if (!kxfiles::writeAll(fileno(stdout), text)) {

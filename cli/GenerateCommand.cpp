@@ -254,7 +254,7 @@ int Generation::checkProgram() const {
     const gcode_check::CheckResult result =
         gcode_check::check(program, checkOptionsOf(checkSettingsOf(m_options)), &drawing);
     std::cerr << gcode_check::textReport(
-        result, headOf(m_options.output, "standard output", m_options.drawing));
+        result, headOf(m_options.output, "standard output", m_options.drawing, m_options.check));
     return exitCodeOf(result);
 }
 

@@ -93,7 +93,10 @@ void addCheckSettings(CLI::App& app, CheckSettings& settings, const std::string&
             ->capture_default_str()
             ->group(group);
     };
-    add("--surface", settings.surface, "Z of the material's top", isNumber());
+    app.add_option("--surface", settings.surface, "Z of the material's top (default 0)")
+        ->type_name("NUMBER")
+        ->check(isNumber())
+        ->group(group);
     add(tolerance, settings.tolerance, "How far from its object a cut may lie", isPositive());
     app.add_option("--arc-tolerance", settings.arcTolerance,
                    "How much the two radii of an arc may differ on your controller "

@@ -7,7 +7,7 @@
 
 gcode_check::CheckOptions checkOptionsOf(const CheckSettings& settings) {
     gcode_check::CheckOptions options;
-    options.surfaceZ = settings.surface;
+    options.surfaceZ = settings.surface.value_or(0);
     options.tolerance = settings.tolerance;
     options.rapidRate = settings.rapidRate;
     options.arcRadiusTolerance = settings.arcTolerance;
@@ -17,9 +17,10 @@ gcode_check::CheckOptions checkOptionsOf(const CheckSettings& settings) {
 }
 
 gcode_check::ReportHead headOf(const std::string& program, const std::string& stream,
-                               const std::string& drawing) {
+                               const std::string& drawing, const CheckSettings& settings) {
     const bool isStream = program.empty() || program == "-";
-    return {isStream ? stream : kxfiles::printable(program), kxfiles::printable(drawing)};
+    return {isStream ? stream : kxfiles::printable(program), kxfiles::printable(drawing),
+            settings.surface.has_value()};
 }
 
 int exitCodeOf(const gcode_check::CheckResult& result) {

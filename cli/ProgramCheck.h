@@ -10,7 +10,8 @@
 
 /// What both ways to a check are told on the command line. Lengths in drawing units.
 struct CheckSettings {
-    double surface = 0;
+    /// None: nobody said it, and 0 is taken.
+    std::optional<double> surface;
     double tolerance = 0.02;
     /// How much the radii of an arc may differ; none: what simple controllers take.
     std::optional<double> arcTolerance;
@@ -24,10 +25,10 @@ struct CheckSettings {
 
 gcode_check::CheckOptions checkOptionsOf(const CheckSettings& settings);
 
-/// What a report tells of where program and drawing are from; empty names are left out, "-" is
-/// called `stream`.
+/// What a report tells of where program, drawing and surface are from; empty names are left out,
+/// "-" is called `stream`.
 gcode_check::ReportHead headOf(const std::string& program, const std::string& stream,
-                               const std::string& drawing);
+                               const std::string& drawing, const CheckSettings& settings);
 
 /// 0, or the code that says that errors were found.
 int exitCodeOf(const gcode_check::CheckResult& result);

@@ -114,6 +114,7 @@ CheckResult check(std::string_view program, const CheckOptions& options, const D
     findUnits(setting, findings);
     findLineNumbers(setting, findings);
     result.inches = isInches(result.reading, options);
+    result.surface = setting.surface;
     result.figures = judgeMotions(setting, findings);
     if (drawing != nullptr) {
         result.drawingGiven = true;
@@ -126,6 +127,10 @@ CheckResult check(std::string_view program, const CheckOptions& options, const D
         findings.drop(FindingKind::DepthNotReached);
     }
     findings.moveInto(result);
+    for (Finding& finding : result.findings) {
+        finding.object =
+            finding.shape ? numberOf(drawing->shapes[*finding.shape], *finding.shape) : 0;
+    }
     return result;
 }
 

@@ -25,6 +25,7 @@ struct CheckResult {
     Figures figures;
     Reading reading;      // motions and lines, for whoever shows a place
     bool inches = false;  // the program's unit, in which all lengths here are
+    double surface = 0;   // the material's top
     bool drawingGiven = false;
     // Whether objects were held against cuts. Not when the program stops before its last cut:
     // what is missing then is the stop's fault

@@ -72,6 +72,9 @@ struct Place {
     Point to;
     PlanePoint drawingFrom;  // in the drawing's unit
     PlanePoint drawingTo;
+    // Of a cut that lies on no object: where it is farthest from all of them, in both units
+    std::optional<PlanePoint> farthest;
+    std::optional<PlanePoint> drawingFarthest;
     // Reading::motions[firstMotion ... lastMotion]; none when nothing moves there
     std::optional<std::size_t> firstMotion;
     std::optional<std::size_t> lastMotion;
@@ -87,6 +90,7 @@ struct Finding {
     std::vector<NamedNumber> numbers;
     std::optional<Place> place;
     std::optional<std::size_t> shape;  // of Drawing::shapes
+    std::uint32_t object = 0;          // the shape's number for people, from 1; 0: none
 };
 
 }  // namespace gcode_check

@@ -36,6 +36,9 @@ struct Drawing {
     std::optional<double> mmPerUnit;
 };
 
+// Its number for people, from 1.
+std::uint32_t numberOf(const Shape& shape, std::size_t index);
+
 // "line 12": the name, or what stands for it.
 std::string nameOf(const Shape& shape, std::size_t index);
 

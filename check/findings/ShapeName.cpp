@@ -21,11 +21,15 @@ const char* wordFor(ShapeKind kind) {
 
 }  // namespace
 
+std::uint32_t numberOf(const Shape& shape, std::size_t index) {
+    return shape.object == 0 ? static_cast<std::uint32_t>(index + 1) : shape.object;
+}
+
 std::string nameOf(const Shape& shape, std::size_t index) {
     if (!shape.name.empty()) {
         return shape.name;
     }
-    return wordFor(shape.kind) + std::to_string(shape.object == 0 ? index + 1 : shape.object);
+    return wordFor(shape.kind) + std::to_string(numberOf(shape, index));
 }
 
 }  // namespace gcode_check

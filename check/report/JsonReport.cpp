@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "report/JsonReport.h"
 
+#include "interpreter/Units.h"
 #include "report/JsonWriter.h"
 
 namespace gcode_check {
@@ -40,7 +41,53 @@ void addPlanePoint(JsonWriter& json, const char* name, const PlanePoint& place) 
     json.endObject();
 }
 
-void addPlace(JsonWriter& json, const Finding& finding) {
+// 0 stands for none, as people count from 1.
+void addNumber(JsonWriter& json, const char* name, std::uint32_t number) {
+    if (number == 0) {
+        json.none(name);
+    } else {
+        json.count(name, number);
+    }
+}
+
+const char* nameOf(MotionKind kind) {
+    switch (kind) {
+        case MotionKind::Rapid:
+            return "rapid";
+        case MotionKind::Feed:
+            return "feed";
+        case MotionKind::Arc:
+            return "arc";
+        default:
+            return "other";
+    }
+}
+
+void addMotion(JsonWriter& json, const char* name, const CheckResult& result, std::size_t index) {
+    const Motion& motion = result.reading.motions[index];
+    const Frame& frame = result.reading.frames[motion.frame];
+    const double mmPerUnit = result.inches ? kMmPerInch : 1;
+    const auto placed = [&frame, mmPerUnit](const Point& machine) {
+        const Point place = toProgram(frame, machine);
+        return Point{place.x / mmPerUnit, place.y / mmPerUnit, place.z / mmPerUnit};
+    };
+    json.beginObject(name);
+    json.count("line", motion.line);
+    json.text("kind", nameOf(motion.kind));
+    addPoint(json, "from", placed(motion.from));
+    addPoint(json, "to", placed(motion.to));
+    json.endObject();
+}
+
+void addPlanePoint(JsonWriter& json, const char* name, const std::optional<PlanePoint>& place) {
+    if (place) {
+        addPlanePoint(json, name, *place);
+    } else {
+        json.none(name);
+    }
+}
+
+void addPlace(JsonWriter& json, const CheckResult& result, const Finding& finding) {
     if (!finding.place) {
         json.none("place");
         return;
@@ -51,19 +98,24 @@ void addPlace(JsonWriter& json, const Finding& finding) {
     addPoint(json, "to", place.to);
     addPlanePoint(json, "drawingFrom", place.drawingFrom);
     addPlanePoint(json, "drawingTo", place.drawingTo);
+    addPlanePoint(json, "farthest", place.farthest);
+    addPlanePoint(json, "drawingFarthest", place.drawingFarthest);
     if (place.firstMotion && place.lastMotion) {
-        json.count("firstMotion", *place.firstMotion);
-        json.count("lastMotion", *place.lastMotion);
+        addMotion(json, "firstMotion", result, *place.firstMotion);
+        addMotion(json, "lastMotion", result, *place.lastMotion);
+    } else {
+        json.none("firstMotion");
+        json.none("lastMotion");
     }
     json.endObject();
 }
 
-void addFinding(JsonWriter& json, const Finding& finding) {
+void addFinding(JsonWriter& json, const CheckResult& result, const Finding& finding) {
     json.beginObject();
     json.text("identifier", identifierOf(finding.kind));
     json.text("severity", gcode_check::nameOf(finding.severity));
-    json.count("line", finding.line);
-    json.count("column", finding.column);
+    addNumber(json, "line", finding.line);
+    addNumber(json, "column", finding.column);
     json.text("sentence", finding.sentence);
     json.text("detail", finding.detail);
     json.beginArray("numbers");
@@ -75,12 +127,8 @@ void addFinding(JsonWriter& json, const Finding& finding) {
         json.endObject();
     }
     json.endArray();
-    addPlace(json, finding);
-    if (finding.shape) {
-        json.count("object", *finding.shape);
-    } else {
-        json.none("object");
-    }
+    addPlace(json, result, finding);
+    addNumber(json, "object", finding.object);
     json.endObject();
 }
 
@@ -149,16 +197,18 @@ void addDrawing(JsonWriter& json, const CheckResult& result) {
 std::string jsonReport(const CheckResult& result, const ReportHead& head) {
     JsonWriter json;
     json.beginObject();
-    json.count("version", 1);
+    json.count("version", 2);
     json.text("program", head.program);
     json.text("drawing", head.drawing);
     json.text("unit", result.inches ? "in" : "mm");
     json.count("lines", result.reading.lines);
-    json.count("stopLine", result.reading.stopLine);
+    addNumber(json, "stopLine", result.reading.stopLine);
+    json.number("surface", result.surface);
+    json.truth("surfaceGiven", head.surfaceGiven);
     addCounts(json, result);
     json.beginArray("findings");
     for (const Finding& finding : result.findings) {
-        addFinding(json, finding);
+        addFinding(json, result, finding);
     }
     json.endArray();
     addDrawing(json, result);

@@ -12,6 +12,8 @@ namespace gcode_check {
 struct ReportHead {
     std::string program;
     std::string drawing;
+    // Whether somebody said where the surface is; it is 0 otherwise
+    bool surfaceGiven = true;
 };
 
 }  // namespace gcode_check

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "findings/Numbers.h"
 
@@ -19,6 +20,7 @@ void addHead(std::string& text, const ReportHead& head) {
     if (!head.drawing.empty()) {
         text += "Drawing: " + head.drawing + '\n';
     }
+    text += head.program.empty() && head.drawing.empty() ? "" : "\n";
 }
 
 void addFinding(std::string& text, const Finding& finding) {
@@ -34,14 +36,47 @@ void addFinding(std::string& text, const Finding& finding) {
             identifierOf(finding.kind) + "]\n";
 }
 
-void addLeftOut(std::string& text, const CheckResult& result) {
+struct KindCount {
+    FindingKind kind = FindingKind::ControllerRejects;
+    std::size_t told = 0;
+    std::size_t leftOut = 0;
+};
+
+std::vector<KindCount> kindsOf(const CheckResult& result) {
+    std::vector<KindCount> kinds;
     for (const FindingKind kind : allFindingKinds()) {
-        const std::size_t count = result.leftOut[static_cast<std::size_t>(kind)];
-        if (count > 0) {
-            text += "and " + std::to_string(count) + " more of the kind [" +
-                    std::string(identifierOf(kind)) + "]\n";
+        const auto isOfKind = [kind](const Finding& finding) { return finding.kind == kind; };
+        const auto told = std::count_if(result.findings.begin(), result.findings.end(), isOfKind);
+        if (told > 0) {
+            kinds.push_back({kind, static_cast<std::size_t>(told),
+                             result.leftOut[static_cast<std::size_t>(kind)]});
         }
     }
+    return kinds;
+}
+
+// A list that is longer than a glance is summed up, most first; what was left out of it is said.
+void addKinds(std::string& text, const CheckResult& result) {
+    constexpr std::size_t kGlance = 10;
+    std::vector<KindCount> kinds = kindsOf(result);
+    const bool isWhole = std::all_of(kinds.begin(), kinds.end(),
+                                     [](const KindCount& kind) { return kind.leftOut == 0; });
+    if (result.findings.size() <= kGlance && isWhole) {
+        return;
+    }
+    std::stable_sort(kinds.begin(), kinds.end(), [](const KindCount& a, const KindCount& b) {
+        return a.told + a.leftOut > b.told + b.leftOut;
+    });
+    text += "Findings by kind\n";
+    for (const KindCount& kind : kinds) {
+        text += std::string("  ") + identifierOf(kind.kind) + ": " +
+                std::to_string(kind.told + kind.leftOut);
+        if (kind.leftOut > 0) {
+            text += ", the first " + std::to_string(kind.told) + " of them above";
+        }
+        text += '\n';
+    }
+    text += '\n';
 }
 
 std::string sizeText(const Box& box) {
@@ -100,20 +135,54 @@ bool areHeightsWrong(const CheckResult& result) {
     });
 }
 
+std::string ofSelected(const CheckResult& result) {
+    return std::to_string(result.shapesCut) + " of " + std::to_string(result.shapes) +
+           (result.shapes == 1 ? " selected object " : " selected objects ");
+}
+
 void addCoverage(std::string& text, const CheckResult& result) {
     if (!result.drawingGiven) {
-        return;
-    }
-    if (result.coverageJudged) {
-        text += std::to_string(result.shapesCut) + " of " + std::to_string(result.shapes) +
-                (result.shapes == 1 ? " selected object " : " selected objects ") +
-                (areHeightsWrong(result) ? "followed entirely, but see the heights above\n"
-                                         : "cut entirely\n");
+        text += "Not checked: what is cut where, as no drawing was given\n";
+    } else if (result.coverageJudged) {
+        text += ofSelected(result) + (areHeightsWrong(result)
+                                          ? "followed entirely, but see the heights above\n"
+                                          : "cut entirely\n");
     } else {
         text +=
-            "Objects that are not cut were not looked for: the program stops before its last "
+            "Not checked: which objects are not cut, as the program stops before its last "
             "cut\n";
     }
+}
+
+// What the report does not speak of, so that silence about it is no praise.
+void addLimits(std::string& text, const CheckResult& result, const ReportHead& head) {
+    const Reading& reading = result.reading;
+    text += "Surface at " + Wording(result.inches).height(result.surface) +
+            (head.surfaceGiven ? "\n" : ", as nothing else was said\n");
+    if (reading.stopLine != 0 && reading.stopLine < reading.lines) {
+        text += "Not checked: moves behind line " + std::to_string(reading.stopLine) +
+                ", where the reading stops\n";
+    }
+    addCoverage(text, result);
+}
+
+// "No findings", "No errors, 2 warnings", "1 error, 2 warnings"
+std::string verdict(const CheckResult& result) {
+    if (result.findings.empty()) {
+        return "No findings\n";
+    }
+    const auto numbered = [](std::size_t count, const char* word) {
+        return std::to_string(count) + ' ' + word + (count == 1 ? "" : "s");
+    };
+    const std::size_t errors = countOf(result, Severity::Error);
+    std::string text = errors == 0 ? "No errors" : numbered(errors, "error");
+    if (const std::size_t warnings = countOf(result, Severity::Warning)) {
+        text += ", " + numbered(warnings, "warning");
+    }
+    if (const std::size_t notes = countOf(result, Severity::Note)) {
+        text += ", " + numbered(notes, "note");
+    }
+    return text + '\n';
 }
 
 }  // namespace
@@ -124,13 +193,12 @@ std::string textReport(const CheckResult& result, const ReportHead& head) {
     for (const Finding& finding : result.findings) {
         addFinding(text, finding);
     }
-    addLeftOut(text, result);
-    text += counted(countOf(result, Severity::Error), "error", "errors") + ", " +
-            counted(countOf(result, Severity::Warning), "warning", "warnings") + ", " +
-            counted(countOf(result, Severity::Note), "note", "notes") + '\n';
-    addCoverage(text, result);
+    text += result.findings.empty() ? "" : "\n";
+    addKinds(text, result);
     addFigures(text, result);
-    return text;
+    text += '\n';
+    addLimits(text, result, head);
+    return text + verdict(result);
 }
 
 }  // namespace gcode_check

@@ -132,7 +132,8 @@ void checkNumbers(const Options& options) {
     const double tolerance = options.objects.explodeTolerance;
     FUZZ_CHECK(std::isfinite(tolerance) && tolerance > 0);
     for (const double value :
-         {options.check.surface, options.check.tolerance, options.check.rapidRate}) {
+         {options.check.surface.value_or(0), options.check.arcTolerance.value_or(0),
+          options.check.tolerance, options.check.rapidRate}) {
         FUZZ_CHECK(std::isfinite(value));
     }
 }

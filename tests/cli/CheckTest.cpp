@@ -49,11 +49,11 @@ protected:
 TEST_F(Check, FindsNothingInAProgramWithSensibleSettings) {
     const CommandRun made = runProgram(QStringList{m_drawing, "--check"} + settings());
     EXPECT_EQ(made.code, 0) << made.messages.constData();
-    EXPECT_TRUE(has(made.messages, "0 errors, 0 warnings")) << made.messages.constData();
+    EXPECT_TRUE(has(made.messages, "\nNo findings\n")) << made.messages.constData();
     EXPECT_TRUE(has(made.messages, "1 of 1 selected object")) << made.messages.constData();
     const CommandRun run = check({programOf(m_drawing), "--drawing", m_drawing});
     EXPECT_EQ(run.code, 0) << run.messages.constData();
-    EXPECT_TRUE(has(run.output, "0 errors, 0 warnings")) << run.output.constData();
+    EXPECT_TRUE(has(run.output, "\nNo findings\n")) << run.output.constData();
 }
 
 TEST_F(Check, WritesAProgramWithErrorsAllTheSameAndEndsWithItsOwnCode) {
@@ -113,6 +113,16 @@ TEST_F(Check, TakesTheSurface) {
     EXPECT_TRUE(has(below.output, "[depth-zero]")) << below.output.constData();
 }
 
+TEST_F(Check, SaysWhetherTheSurfaceIsWhatSomebodySaid) {
+    const QString program = programOf(m_drawing);
+    EXPECT_TRUE(has(check({program}).output, "\nSurface at Z0, as nothing else was said\n"));
+    EXPECT_TRUE(has(check({program, "--surface", "0"}).output, "\nSurface at Z0\n"));
+    EXPECT_TRUE(has(check({program, "--json"}).output, "\"surfaceGiven\": false"));
+    const CommandRun made =
+        runProgram(QStringList{m_drawing, "--check", "--surface", "-0.5"} + settings());
+    EXPECT_TRUE(has(made.messages, "\nSurface at Z-0.5\n")) << made.messages.constData();
+}
+
 TEST_F(Check, ComparesTheDepthThatIsGiven) {
     const QString program = programOf(m_drawing);
     EXPECT_EQ(check({program, "--depth", "-1"}).code, 0);
@@ -132,7 +142,7 @@ TEST_F(Check, KnowsTheDepthThatAProgramIsMadeWith) {
     EXPECT_EQ(run.code, 5);
     EXPECT_TRUE(has(run.messages, "[cut-too-deep]")) << run.messages.constData();
     const CommandRun meant = runProgram(QStringList{m_drawing, "--check", "--quiet"} + settings());
-    EXPECT_TRUE(has(meant.messages, "0 errors, 0 warnings")) << meant.messages.constData();
+    EXPECT_TRUE(has(meant.messages, "\nNo findings\n")) << meant.messages.constData();
 }
 
 TEST_F(Check, TakesTheToleranceOfArcs) {

@@ -142,6 +142,11 @@ private:
         Place place = placeOf(m_scene.setting, m_run.from, m_run.to);
         place.firstMotion = m_run.firstMotion;
         place.lastMotion = m_run.lastMotion;
+        if (!m_scene.shapes.empty()) {
+            const double scale = m_scene.setting.unitsPerDrawingUnit;
+            place.farthest = m_run.worstPlace;
+            place.drawingFarthest = {m_run.worstPlace.x / scale, m_run.worstPlace.y / scale};
+        }
         finding->place = place;
     }
 

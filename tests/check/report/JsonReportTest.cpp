@@ -117,10 +117,11 @@ TEST(JsonReport, IsJsonWithItsMembersInOrder) {
     EXPECT_TRUE(isJson(text)) << text;
     std::size_t at = 0;
     for (const char* member :
-         {"\"version\": 1", "\"program\": \"plate \\\"7\\\".nc\"",
+         {"\"version\": 2", "\"program\": \"plate \\\"7\\\".nc\"",
           "\"drawing\": \"tab\\u0009here\"", "\"unit\": \"mm\"", "\"lines\": 8", "\"stopLine\": 8",
-          "\"errors\": 3", "\"warnings\": ", "\"notes\": 0", "\"leftOut\": {}", "\"findings\": [",
-          "\"objects\": {", "\"figures\": {", "\"seconds\": "}) {
+          "\"surface\": 0", "\"surfaceGiven\": true", "\"errors\": 3",
+          "\"warnings\": ", "\"notes\": 0", "\"leftOut\": {}", "\"findings\": [", "\"objects\": {",
+          "\"figures\": {", "\"seconds\": "}) {
         const std::size_t next = text.find(member, at);
         ASSERT_NE(next, std::string::npos) << member << '\n' << text;
         at = next;
@@ -134,6 +135,66 @@ TEST(JsonReport, WithoutADrawingHasNoObjects) {
     EXPECT_NE(text.find("\"objects\": null"), std::string::npos);
     EXPECT_NE(text.find("\"moves\": null"), std::string::npos);
     EXPECT_NE(text.find("\"findings\": []"), std::string::npos);
+}
+
+// The text from the finding's identifier on, up to the next finding.
+std::string findingIn(const std::string& report, const std::string& identifier) {
+    const std::size_t begin = report.find("\"identifier\": \"" + identifier + "\"");
+    return begin == std::string::npos
+               ? ""
+               : report.substr(begin, report.find("\"identifier\"", begin + 1) - begin);
+}
+
+bool has(const std::string& text, const char* part) {
+    return text.find(part) != std::string::npos;
+}
+
+TEST(JsonReport, HasNullWhereNoLineOrColumnIsMeant) {
+    const std::string text = jsonReport(check("G21 G90\nM3 S9\nG0 X0 Y0\nG0 Z5\n"));
+    EXPECT_TRUE(has(text, "\"stopLine\": null"));
+    const std::string finding = findingIn(text, "no-end-code");
+    EXPECT_TRUE(has(finding, "\"line\": null,\n      \"column\": null")) << text;
+    EXPECT_TRUE(has(finding, "\"place\": null"));
+    EXPECT_TRUE(has(finding, "\"object\": null"));
+}
+
+TEST(JsonReport, CountsObjectsAsItsSentencesDo) {
+    Drawing drawing;
+    Shape first;
+    first.kind = ShapeKind::Line;
+    first.second = {10, 0};
+    Shape second = first;
+    second.second = {0, 10};
+    drawing.shapes = {first, second};
+    const std::string program =
+        "M3 S9\nG21 G90\nG0 X0 Y0\nG0 Z5\nG1 Z-1 F100\nG1 X10\nG0 Z5\nM30\n";
+    const std::string text = findingIn(jsonReport(check(program, {}, &drawing)), "not-cut");
+    EXPECT_TRUE(has(text, " of line 2, from")) << text;
+    EXPECT_TRUE(has(text, "\"object\": 2")) << text;
+    drawing.shapes[1].object = 77;
+    const std::string other = findingIn(jsonReport(check(program, {}, &drawing)), "not-cut");
+    EXPECT_TRUE(has(other, " of line 77, from")) << other;
+    EXPECT_TRUE(has(other, "\"object\": 77")) << other;
+}
+
+TEST(JsonReport, SaysWhereACutIsFarthestFromTheDrawingAndWhichMovesItIs) {
+    Drawing drawing;
+    Shape line;
+    line.kind = ShapeKind::Line;
+    line.second = {25.4, 0};
+    drawing.shapes = {line};
+    drawing.mmPerUnit = 1;
+    const std::string text = findingIn(
+        jsonReport(check("M3 S9\nG20 G90\nG0 X0 Y0\nG0 Z1\nG1 Z-1 F9\nG1 X1\nG1 Y2\nG0 Z1\nM30\n",
+                         {}, &drawing)),
+        "cut-off-drawing");
+    for (const char* part :
+         {"\"farthest\": {\n          \"x\": 1,\n          \"y\": 2\n",
+          "\"drawingFarthest\": {\n          \"x\": 25.4,\n          \"y\": 50.8\n",
+          "\"firstMotion\": {\n          \"line\": 7,\n          \"kind\": \"feed\"",
+          "\"lastMotion\": {\n          \"line\": 7,"}) {
+        EXPECT_TRUE(has(text, part)) << part << text;
+    }
 }
 
 TEST(JsonWriter, EscapesWhatATextMayNotHold) {

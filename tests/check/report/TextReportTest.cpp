@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "report/TextReport.h"
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 namespace gcode_check {
@@ -22,12 +24,12 @@ TEST(TextReport, HasAFindingALineThenCountsObjectsAndFigures) {
         textReport(result, {"plate.nc", "plate.dxf"}),
         "Program: plate.nc\n"
         "Drawing: plate.dxf\n"
+        "\n"
         "line 8: error: The program ends with the tool in the material, at Z-1.5, 1.5 mm below "
         "the surface. [ends-in-material]\n"
         "program: warning: The tool does not cut 19.98 mm of the 40 mm of line 4 of layer CUT, "
         "from X30.02 Y10 to X50 Y10. [not-cut]\n"
-        "one error, one warning, 0 notes\n"
-        "0 of 1 selected object cut entirely\n"
+        "\n"
         "Figures (mm)\n"
         "  moves: X0 to 30, Y0 to 10, Z-1.5 to 2\n"
         "  cutting: X10 to 30, Y10 to 10, Z-1.5 to 0\n"
@@ -39,14 +41,73 @@ TEST(TextReport, HasAFindingALineThenCountsObjectsAndFigures) {
         "  tool down: 1\n"
         "  tool up: 0\n"
         "  tool changes: 0\n"
-        "  time: 4 s (feed 4 s, rapid 0 s, dwell 0 s)\n");
+        "  time: 4 s (feed 4 s, rapid 0 s, dwell 0 s)\n"
+        "\n"
+        "Surface at Z0\n"
+        "0 of 1 selected object cut entirely\n"
+        "1 error, 1 warning\n");
+}
+
+const std::string kClean = "M3 S9\nG21 G90\nG0 X0 Y0\nG0 Z5\nG1 Z-1 F50\nG1 X9 F90\nG0 Z5\nM30\n";
+
+bool endsWith(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() &&
+           text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+TEST(TextReport, EndsWithItsVerdictBehindWhatWasNotChecked) {
+    ReportHead head;
+    head.surfaceGiven = false;
+    const std::string clean = textReport(check(kClean), head);
+    EXPECT_TRUE(endsWith(clean,
+                         "\nSurface at Z0, as nothing else was said\n"
+                         "Not checked: what is cut where, as no drawing was given\n"
+                         "No findings\n"))
+        << clean;
+    CheckOptions options;
+    options.surfaceZ = 0.5;
+    EXPECT_NE(textReport(check(kClean, options)).find("\nSurface at Z0.5\n"), std::string::npos);
+    const std::string warned = textReport(check("G21 G90\nG0 X0 Y0\nG0 Z5\n"));
+    EXPECT_TRUE(endsWith(warned, "\nNo errors, 1 warning\n")) << warned;
+    const std::string stopped = textReport(check("G21\nfoul\nG0 X5\n"));
+    EXPECT_TRUE(endsWith(stopped,
+                         "Not checked: moves behind line 2, where the reading stops\n"
+                         "Not checked: what is cut where, as no drawing was given\n"
+                         "1 error\n"))
+        << stopped;
+}
+
+// 120 holes that lie on no object and so many rapids in the material.
+std::string badProgram(int holes) {
+    std::string program = "M3 S9\nG21 G90\nG0 X0 Y0\nG0 Z5\nF50\n";
+    for (int hole = 0; hole < holes; ++hole) {
+        const std::string x = std::to_string(hole + 100);
+        program += "G0 X" + x + "\nG1 Z-1\nG1 X" + x + ".5\nG0 X" + x + ".7\nG0 Z5\n";
+    }
+    return program + "M30\n";
+}
+
+TEST(TextReport, SumsUpAListThatIsLongerThanAGlance) {
+    Drawing drawing;
+    drawing.shapes.emplace_back();
+    const std::string few = textReport(check(badProgram(2), {}, &drawing));
+    EXPECT_EQ(few.find("Findings by kind"), std::string::npos) << few;
+    const std::string some = textReport(check(badProgram(20), {}, &drawing));
+    EXPECT_NE(some.find("\n\nFindings by kind\n  rapid-in-material: 20\n  cut-off-drawing: "
+                        "20\n  not-cut: 1\n\nFigures (mm)\n"),
+              std::string::npos)
+        << some;
+    const std::string many = textReport(check(badProgram(5000), {}, &drawing));
+    EXPECT_NE(many.find("  cut-off-drawing: 5000, the first 100 of them above\n"),
+              std::string::npos);
+    EXPECT_TRUE(endsWith(many, "\n10000 errors, 1 warning\n"));
+    EXPECT_LT(std::count(many.begin(), many.end(), '\n'), 250);
 }
 
 TEST(TextReport, SaysWhenObjectsWereNotLookedFor) {
     const Drawing drawing;
     const CheckResult result = check("G21\nG999\nG1 X5 F100\n", {}, &drawing);
-    EXPECT_NE(textReport(result).find("Objects that are not cut were not looked for"),
-              std::string::npos);
+    EXPECT_NE(textReport(result).find("Not checked: which objects are not cut"), std::string::npos);
 }
 
 TEST(TextReport, DoesNotCallCutWhatIsFollowedAtWrongHeights) {
