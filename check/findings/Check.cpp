@@ -6,6 +6,7 @@
 #include "findings/Findings.h"
 #include "findings/drawing/DrawingCheck.h"
 #include "findings/rules/ArcRadiusRule.h"
+#include "findings/rules/BinaryRule.h"
 #include "findings/rules/DepthRule.h"
 #include "findings/rules/HeightIncrementsRule.h"
 #include "findings/rules/IntendedDepthRule.h"
@@ -15,6 +16,8 @@
 #include "findings/rules/RejectionRule.h"
 #include "findings/rules/SpindleRule.h"
 #include "findings/rules/StartRule.h"
+#include "findings/rules/ToolInMaterialRule.h"
+#include "findings/rules/ZeroRule.h"
 #include "interpreter/Interpreter.h"
 
 namespace gcode_check {
@@ -30,6 +33,8 @@ public:
           m_arcs(setting, findings),
           m_spindle(setting, findings),
           m_rapids(setting, findings),
+          m_tools(setting, findings),
+          m_zeros(setting, findings),
           m_plunges(setting, findings),
           m_increments(setting, findings),
           m_start(setting, findings),
@@ -38,12 +43,14 @@ public:
 
     void step(const Step& step) {
         m_figures.step(step);
+        m_tools.step(step);
         if (!step.isMove()) {
             return;
         }
         m_arcs.step(step);
         m_spindle.step(step);
         m_rapids.step(step);
+        m_zeros.step(step);
         m_plunges.step(step);
         m_increments.step(step);
         m_start.step(step);
@@ -61,11 +68,12 @@ public:
         if (m_last.motion != nullptr) {
             findEndInMaterial(m_setting, m_last, m_findings);
         }
-        if (m_findings.has(FindingKind::HeightIncrements)) {
+        if (m_findings.hasError(FindingKind::HeightIncrements)) {
             // All heights of such a program are wrong, and these follow from them.
-            for (const FindingKind kind : {FindingKind::DepthZero, FindingKind::RapidInMaterial,
-                                           FindingKind::RapidAtSurface, FindingKind::EndsInMaterial,
-                                           FindingKind::CutTooDeep, FindingKind::DepthNotReached}) {
+            for (const FindingKind kind :
+                 {FindingKind::DepthZero, FindingKind::RapidInMaterial, FindingKind::RapidAtSurface,
+                  FindingKind::ToolChangeInMaterial, FindingKind::EndsInMaterial,
+                  FindingKind::CutTooDeep, FindingKind::DepthNotReached}) {
                 m_findings.drop(kind);
             }
         }
@@ -79,6 +87,8 @@ private:
     ArcRadiusRule m_arcs;
     SpindleRule m_spindle;
     RapidRule m_rapids;
+    ToolInMaterialRule m_tools;
+    ZeroRule m_zeros;
     PlungeFeedRule m_plunges;
     HeightIncrementsRule m_increments;
     StartRule m_start;
@@ -98,8 +108,18 @@ Figures judgeMotions(const Setting& setting, Findings& findings) {
 
 Heights heightsFor(const Findings& findings) {
     const bool wrong =
-        findings.has(FindingKind::HeightIncrements) || findings.has(FindingKind::DepthZero);
+        findings.hasError(FindingKind::HeightIncrements) || findings.has(FindingKind::DepthZero);
     return wrong ? Heights::Any : Heights::BelowSurface;
+}
+
+// Whatever else could be said of it would be said of bytes that nobody meant.
+CheckResult binaryResult(std::string_view program, CheckResult result, const Drawing* drawing) {
+    Findings findings(1);
+    findBinary(program, findings);
+    result.drawingGiven = drawing != nullptr;
+    result.shapes = drawing != nullptr ? drawing->shapes.size() : 0;
+    findings.moveInto(result);
+    return result;
 }
 
 }  // namespace
@@ -107,12 +127,16 @@ Heights heightsFor(const Findings& findings) {
 CheckResult check(std::string_view program, const CheckOptions& options, const Drawing* drawing) {
     CheckResult result;
     result.reading = read(program, options.machine);
+    if (isBinary(program)) {
+        return binaryResult(program, std::move(result), drawing);
+    }
     const Setting setting = settingOf(program, result.reading, options, drawing);
     Findings findings(options.findingsPerKind);
     findRejections(setting, findings);
     findEnds(setting, findings);
     findUnits(setting, findings);
     findLineNumbers(setting, findings);
+    findNoMotion(setting, findings);
     result.inches = isInches(result.reading, options);
     result.surface = setting.surface;
     result.figures = judgeMotions(setting, findings);
@@ -120,6 +144,10 @@ CheckResult check(std::string_view program, const CheckOptions& options, const D
         result.drawingGiven = true;
         result.shapes = drawing->shapes.size();
         checkDrawing(setting, *drawing, heightsFor(findings), findings, result);
+        if (findings.has(FindingKind::NoMotion)) {
+            // Nothing is cut, and that is told.
+            findings.drop(FindingKind::NotCut);
+        }
     }
     if (findings.has(FindingKind::UnitsDiffer)) {
         // In another unit no depth is the one that was meant.

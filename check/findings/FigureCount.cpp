@@ -123,6 +123,10 @@ void FigureCount::move(const Step& step) {
     }
     m_first = false;
     followHeight(step);
+    const Stroke stroke = step.motion->stroke;
+    // A cycle is at its next hole then, be it the same place.
+    m_movedSinceHole =
+        m_movedSinceHole || stroke == Stroke::Retract || stroke == Stroke::FedRetract;
 }
 
 void FigureCount::feed(const Step& step, double length) {
@@ -156,16 +160,18 @@ void FigureCount::followHeight(const Step& step) {
     if (!from && step.to.z < bound) {
         goDown(step);
     } else if (from && step.to.z >= bound) {
-        goUp();
+        goUp(step);
     } else if (!from && step.lowest < bound) {
         goDown(step);
-        goUp();
+        goUp(step);
     }
+    m_bottom = std::min(m_bottom, step.lowest);
 }
 
 void FigureCount::goDown(const Step& step) {
     m_below = true;
     m_sideways = step.isSideways();
+    m_bottom = step.lowest;
     ++m_figures.toolDowns;
     // Pecks of a cycle stand in one line; the same place in another line is drilled again.
     if (step.motion->cycle != 0 && step.line() != m_strokeLine) {
@@ -174,11 +180,17 @@ void FigureCount::goDown(const Step& step) {
     m_strokeLine = step.line();
 }
 
-void FigureCount::goUp() {
+void FigureCount::goUp(const Step& step) {
     m_below = false;
     ++m_figures.toolUps;
-    // The same hole again, as in pecking, is no other.
-    if (!m_sideways && !(m_hasHole && !m_movedSinceHole)) {
+    // The same hole, deeper, as in pecking, is no other.
+    const bool isDeeper = step.motion->cycle != 0 || m_bottom < m_holeBottom - kSame;
+    const bool isSame = m_hasHole && !m_movedSinceHole && isDeeper;
+    if (m_sideways) {
+        return;
+    }
+    m_holeBottom = m_bottom;
+    if (!isSame) {
         ++m_figures.strokes;
         m_hasHole = true;
         m_movedSinceHole = false;

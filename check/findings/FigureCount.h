@@ -21,7 +21,7 @@ private:
     void feed(const Step& step, double length);
     void followHeight(const Step& step);
     void goDown(const Step& step);
-    void goUp();
+    void goUp(const Step& step);
 
     const Setting& m_setting;
     Figures m_figures;
@@ -32,6 +32,8 @@ private:
     bool m_hasHole = false;
     bool m_movedSinceHole = true;
     std::uint32_t m_strokeLine = 0;
+    double m_bottom = 0;  // since the tool went below
+    double m_holeBottom = 0;
 };
 
 }  // namespace gcode_check

@@ -33,6 +33,8 @@ const char* identifierOf(FindingKind kind) {
             return "rapid-in-material";
         case FindingKind::RapidAtSurface:
             return "rapid-at-surface";
+        case FindingKind::ToolChangeInMaterial:
+            return "tool-change-in-material";
         case FindingKind::PlungeFeed:
             return "plunge-feed";
         case FindingKind::HeightIncrements:
@@ -51,10 +53,14 @@ const char* identifierOf(FindingKind kind) {
             return "cut-twice";
         case FindingKind::DrillOffCentre:
             return "drill-off-centre";
+        case FindingKind::ZeroMoved:
+            return "zero-moved";
         case FindingKind::UnitsDiffer:
             return "units-differ";
         case FindingKind::UnitMissing:
             return "unit-missing";
+        case FindingKind::NoMotion:
+            return "no-motion";
         case FindingKind::EndsInMaterial:
             return "ends-in-material";
         case FindingKind::NoEndCode:

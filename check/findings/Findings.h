@@ -14,6 +14,10 @@ public:
     // Counts one more. To be filled in before the next call; null: enough of this kind are told.
     Finding* add(FindingKind kind, Severity severity, std::uint32_t line);
     bool has(FindingKind kind) const { return countOf(kind) > 0; }
+    bool hasError(FindingKind kind) const {
+        return m_ofKind[static_cast<std::size_t>(kind)][static_cast<std::size_t>(Severity::Error)] >
+               0;
+    }
     // Forgets all of a kind: what another finding explains.
     void drop(FindingKind kind);
     // Sorted. Leaves nothing here.

@@ -107,6 +107,26 @@ bool cuts(std::string_view line, int& modalTenths) {
     return hasCode || (hasAxis && isFeedCode(modalTenths));
 }
 
+void noteZeroCode(int tenths, ZeroWords& words) {
+    switch (tenths) {
+        case 100:
+        case 520:
+        case 920:
+            words.sets = tenths;
+            break;
+        case 921:
+        case 922:
+        case 923:
+            words.switches = tenths;
+            break;
+        default:
+            if (tenths >= 540 && tenths <= 593) {
+                words.selects = tenths;
+            }
+            break;
+    }
+}
+
 }  // namespace
 
 bool LineCursor::next() {
@@ -153,12 +173,40 @@ bool cutsFrom(std::string_view program, std::uint32_t line, int modalTenths) {
     return false;
 }
 
-bool looksLikeText(std::string_view line) {
-    for (std::size_t at = 0; at + 1 < line.size(); ++at) {
-        if (line[at] == ';' || line[at] == '(') {
-            return false;
+ZeroWords zeroWordsOf(std::string_view line) {
+    ZeroWords found;
+    WordCursor words(line);
+    while (words.next()) {
+        const double value = words.value();
+        switch (words.letter()) {
+            case 'G':
+                if (std::abs(value) < 1000) {
+                    noteZeroCode(static_cast<int>(std::lround(value * 10)), found);
+                }
+                break;
+            case 'L':
+                found.fromTool = value == 20;
+                break;
+            case 'P':
+                found.system = value >= 1 && value <= 9 ? static_cast<std::size_t>(value) - 1
+                                                        : ZeroWords::kInForce;
+                break;
+            case 'X':
+            case 'Y':
+            case 'Z':
+                found.axes[static_cast<std::size_t>(words.letter() - 'X')] = value;
+                break;
+            default:
+                break;
         }
-        if (isLetter(line[at]) && isLetter(line[at + 1])) {
+    }
+    return found;
+}
+
+bool hasWords(std::string_view program) {
+    LineCursor cursor(program);
+    while (cursor.next()) {
+        if (WordCursor(cursor.text()).next()) {
             return true;
         }
     }

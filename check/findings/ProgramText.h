@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string_view>
 
 #include "findings/Setting.h"
@@ -28,8 +30,20 @@ AxisLines firstAxisLines(std::string_view program);
 // Whether a line from `line` on seems to cut or drill. `modal`: what the controller is in there.
 bool cutsFrom(std::string_view program, std::uint32_t line, int modalTenths);
 
-// The words of a line, without its comments: two letters in a row as in a text for people.
-bool looksLikeText(std::string_view line);
+// The words of a line that move the zero. Codes are in tenths, 0: none.
+struct ZeroWords {
+    static constexpr std::size_t kInForce = 9;
+    int selects = 0;                // 540 to 593
+    int switches = 0;               // 921, 922, 923
+    int sets = 0;                   // 100, 520, 920
+    bool fromTool = false;          // L20
+    std::size_t system = kInForce;  // P of G10, from 0
+    std::array<std::optional<double>, 3> axes;
+};
+ZeroWords zeroWordsOf(std::string_view line);
+
+// Whether a line has a letter with a number outside of its remarks.
+bool hasWords(std::string_view program);
 
 std::string_view lineOf(std::string_view program, std::uint32_t line);
 

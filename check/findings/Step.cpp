@@ -115,11 +115,14 @@ bool StepWalk::next() {
     m_step.motion = &motion;
     m_step.index = m_next++;
     m_step.heightKnown = motion.line >= m_setting.known.z && !m_isHeightLost;
-    if (!isMove(motion)) {
-        return true;
-    }
     const Frame& frame = reading.frames[motion.frame];
     const double unit = m_setting.mmPerUnit;
+    if (!isMove(motion)) {
+        m_step.from = inUnit(frame, motion.from, unit);
+        m_step.to = m_step.from;
+        m_step.lowest = m_step.to.z;
+        return true;
+    }
     m_step.from = inUnit(frame, motion.from, unit);
     m_step.to = inUnit(frame, motion.to, unit);
     if (motion.kind == MotionKind::Arc) {

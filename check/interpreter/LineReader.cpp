@@ -160,7 +160,8 @@ private:
         m_block.hasText = true;
         switch (letter) {
             case 'O':
-                return fail(Rule::ControlWord, "no O words");
+                return m_hasWords ? fail(Rule::UnknownCharacter, "O as the first word of a line")
+                                  : fail(Rule::ControlWord, "no O words");
             case 'N':
                 return fail(Rule::UnknownCharacter, "N as the first word of a line");
             case 'U':
@@ -170,6 +171,7 @@ private:
             default:
                 break;
         }
+        m_hasWords = true;
         ++m_at;
         Number number;
         number.column = begin;
@@ -380,6 +382,7 @@ private:
     Block& m_block;
     Fault& m_fault;
     std::size_t m_at = 0;
+    bool m_hasWords = false;  // besides the line number
 };
 
 }  // namespace

@@ -149,6 +149,7 @@ private:
     std::int32_t m_nextTool = 0;
 
     std::size_t m_system = 0;
+    std::uint32_t m_zeroLine = 0;
     std::array<Axes, 9> m_origins{};
     std::array<double, 9> m_rotationsDeg{};
     Axes m_offset92{};

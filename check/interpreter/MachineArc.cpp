@@ -29,13 +29,14 @@ struct PlaneAxes {
     char firstOffset;
     char secondOffset;
     char foreignOffset;
+    const char* offsetsOfPlane;
 };
 
 const PlaneAxes& planeAxes(Plane plane) {
     static constexpr std::array<PlaneAxes, 3> kAxes = {{
-        {0, 1, 'X', 'Y', 'I', 'J', 'K'},
-        {2, 0, 'Z', 'X', 'K', 'I', 'J'},
-        {1, 2, 'Y', 'Z', 'J', 'K', 'I'},
+        {0, 1, 'X', 'Y', 'I', 'J', 'K', "I and J, the offsets of the plane XY (G17)"},
+        {2, 0, 'Z', 'X', 'K', 'I', 'J', "I and K, the offsets of the plane XZ (G18)"},
+        {1, 2, 'Y', 'Z', 'J', 'K', 'I', "J and K, the offsets of the plane YZ (G19)"},
     }};
     return kAxes[static_cast<std::size_t>(plane)];
 }
@@ -77,9 +78,7 @@ bool checkWords(const ArcWords& arc, Fault& fault) {
     const char foreign = arc.axes.foreignOffset;
     if (arc.block.has(foreign)) {
         return reject(fault, Rule::WordWithoutUse, arc.block.column(foreign),
-                      std::string(1, foreign),
-                      std::string("offsets in the plane only: ") + arc.axes.firstOffset + " and " +
-                          arc.axes.secondOffset);
+                      std::string(1, foreign), arc.axes.offsetsOfPlane);
     }
     if (arc.block.has('R') && arc.hasOffset()) {
         return reject(fault, Rule::ArcFormsMixed, arc.block.column('R'), "R beside offsets",
@@ -112,10 +111,14 @@ bool checkRadii(const ArcWords& arc, double atStart, double atEnd, Fault& fault)
     }
     if (difference > kSpiralMostOfLeast * least ||
         (difference > least && difference > kSpiralRelative * std::max(atStart, atEnd))) {
-        return reject(
-            fault, Rule::ArcRadiiDiffer, arc.column(),
-            "radius " + number(atStart) + " at the start, " + number(atEnd) + " at the end",
-            "the same radius within " + number(least) + " or a thousandth");
+        const double allowed = std::max(
+            least,
+            std::min(kSpiralMostOfLeast * least, kSpiralRelative * std::max(atStart, atEnd)));
+        const char* const unit = arc.isInches ? " in" : " mm";
+        return reject(fault, Rule::ArcRadiiDiffer, arc.column(),
+                      "a radius of " + number(atStart) + " at the start and of " + number(atEnd) +
+                          " at the end, which differ by " + number(difference) + unit,
+                      "radii that differ by at most " + number(allowed) + unit);
     }
     return true;
 }

@@ -52,10 +52,13 @@ void Machine::enterFrame() {
     frame.rotationDeg = m_rotationsDeg[m_system];
     frame.inches = m_isInches;
     frame.system = static_cast<std::uint8_t>(m_system + 1);
+    const Point tool = pointOf(m_toolOffset, m_mmPerUnit);
+    frame.zero = {frame.offset.x - tool.x, frame.offset.y - tool.y, frame.offset.z - tool.z};
+    frame.zeroLine = m_zeroLine;
     const auto& frames = m_reading.frames;
     if (frames.empty() || frames.back().offset != frame.offset ||
         frames.back().rotationDeg != frame.rotationDeg || frames.back().inches != frame.inches ||
-        frames.back().system != frame.system) {
+        frames.back().system != frame.system || frames.back().zeroLine != frame.zeroLine) {
         m_reading.frames.push_back(frame);
     }
 }
@@ -146,6 +149,7 @@ void Machine::setSystem(const Block& block) {
 void Machine::changeSystem(std::size_t system) {
     const Axes machine = toMachineAxes(m_position);
     m_system = system;
+    m_zeroLine = m_line;
     enterFrame();
     m_position = toProgramAxes(machine);
 }
@@ -194,6 +198,7 @@ bool Machine::setOrigin(const Block& block, Fault& fault) {
         }
     }
     if (system == m_system) {
+        m_zeroLine = m_line;
         enterFrame();
         m_position = toProgramAxes(machine);
     }
@@ -229,6 +234,7 @@ void Machine::offset92(const Block& block) {
     }
     m_kept92 = m_offset92;
     m_is92On = true;
+    m_zeroLine = m_line;
     enterFrame();
     m_position = toProgramAxes(machine);
 }
@@ -240,6 +246,7 @@ void Machine::offset92Off(const Block& block) {
     m_kept92 = code == 921 ? Axes{} : m_kept92;
     m_offset92 = code == 923 ? m_kept92 : Axes{};
     m_is92On = code == 923;
+    m_zeroLine = m_line;
     enterFrame();
     m_position = toProgramAxes(machine);
 }

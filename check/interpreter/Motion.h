@@ -91,6 +91,9 @@ struct Frame {
     double rotationDeg = 0;   // about Z, counter-clockwise (R of G10 L2)
     bool inches = false;      // the unit of the program's words
     std::uint8_t system = 1;  // 1: G54, 2: G55, ... 9: G59.3
+    Point zero;               // millimetres: the offset without that of the tool's length
+    std::uint32_t zeroLine =
+        0;  // the last line that set it: G10, G52, G54 to G59.3, G92 and its offs; 0: none
 };
 
 // Both in millimetres.

@@ -131,7 +131,8 @@ void addFigures(std::string& text, const CheckResult& result) {
 bool areHeightsWrong(const CheckResult& result) {
     return std::any_of(result.findings.begin(), result.findings.end(), [](const Finding& finding) {
         return finding.kind == FindingKind::CutAtUnknownHeight ||
-               finding.kind == FindingKind::HeightIncrements;
+               (finding.kind == FindingKind::HeightIncrements &&
+                finding.severity == Severity::Error);
     });
 }
 

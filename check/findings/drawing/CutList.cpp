@@ -23,10 +23,14 @@ public:
         if (!step.isMove()) {
             return;
         }
+        m_isOut = m_isOut || step.to.z >= m_setting.surface - kSame;
+        const Stroke stroke = step.motion->stroke;
+        // A cycle is at its next hole then, be it the same place.
+        const bool endsHole = stroke == Stroke::Retract || stroke == Stroke::FedRetract;
+        if (endsHole || (step.isRapid() && step.isSideways())) {
+            endVisit();
+        }
         if (step.isRapid()) {
-            if (step.isSideways()) {
-                endVisit();
-            }
             return;
         }
         m_anyHeight = m_heights == Heights::Any || !step.heightKnown;
@@ -59,13 +63,16 @@ private:
         if ((!below && !m_anyHeight) || !isFinite(pointCurve(flat(step.to)))) {
             return;
         }
-        // Pecks of a cycle stand in one line; the same place in another line is drilled again.
-        if (m_hasHole && step.motion->cycle != 0 && step.line() != m_hole.line) {
+        const bool isOfCycle = step.motion->cycle != 0;
+        // Pecks go deeper. Who has come out and goes down as far again drills again.
+        const bool isAgain = m_isOut && below && !isOfCycle && step.to.z >= m_hole.bottom - kSame;
+        if (m_hasHole && (isAgain || isOfCycle != m_hole.inCycle)) {
             endVisit();
         }
+        m_isOut = false;
         if (!m_hasHole || step.to.z < m_hole.bottom) {
             m_hole = {flat(step.to), step.to.z, static_cast<std::uint32_t>(step.index), step.line(),
-                      step.motion->cycle != 0};
+                      isOfCycle};
         }
         m_hasHole = true;
     }
@@ -164,6 +171,7 @@ private:
     Hole m_hole;
     bool m_hasHole = false;
     bool m_hasCut = false;
+    bool m_isOut = false;  // of the material, since the last stroke
     bool m_anyHeight = false;
 };
 

@@ -230,8 +230,12 @@ private:
         if (finding == nullptr) {
             return;
         }
-        finding->sentence = "The tool drills " + nameOf(m_scene.drawing.shapes[index], index) +
-                            " twice, here and in line " + std::to_string(before.line) + " already.";
+        const std::string where =
+            before.line == again.line
+                ? " more than once in this line."
+                : " twice, here and in line " + std::to_string(before.line) + " already.";
+        finding->sentence =
+            "The tool drills " + nameOf(m_scene.drawing.shapes[index], index) + where;
         const Point at{again.place.x, again.place.y, again.bottom};
         Place place = placeOf(m_scene.setting, at, at);
         place.firstMotion = again.motion;

@@ -42,8 +42,13 @@ public:
         if (nearest.target) {
             m_explained[*nearest.target] = true;
             reportOffCentre(hole, *nearest.target, nearest.distance);
-        } else {
+            return;
+        }
+        const std::vector<std::size_t> lying = outlinesAt(hole.place);
+        if (lying.empty()) {
             reportNowhere(hole);
+        } else {
+            reportOnOutline(hole, lying);
         }
     }
 
@@ -60,6 +65,42 @@ private:
         place.firstMotion = hole.motion;
         place.lastMotion = hole.motion;
         return place;
+    }
+
+    // The objects that run through a place.
+    std::vector<std::size_t> outlinesAt(const PlanePoint& place) const {
+        std::vector<std::size_t> lying;
+        m_scene.shapes.eachNear(pointCurve(place), m_reach, [&](std::size_t target) {
+            if (distance(m_scene.shapes.targets()[target].curve, place) <= m_reach) {
+                lying.push_back(target);
+            }
+            return true;
+        });
+        std::sort(lying.begin(), lying.end());
+        return lying;
+    }
+
+    // What lies there is no place to drill: said with the objects, as the tool is on the drawing.
+    void reportOnOutline(const Hole& hole, const std::vector<std::size_t>& lying) {
+        Finding* const finding =
+            m_findings.add(FindingKind::DrillOffCentre, Severity::Error, hole.line);
+        if (finding == nullptr) {
+            return;
+        }
+        const auto name = [this, &lying](std::size_t at) {
+            return nameOf(m_scene.drawing.shapes[lying[at]], lying[at]);
+        };
+        std::string what = ", on " + name(0);
+        if (lying.size() > 1) {
+            what = ", where " + name(0) + " meets " + name(1);
+        }
+        if (lying.size() > 2) {
+            what += " and " + counted(lying.size() - 2, "more object", "more objects");
+        }
+        finding->sentence = "The tool drills at " + m_scene.setting.words.place(hole.place) + what +
+                            ": no point and no centre of a circle lies there.";
+        finding->place = placeOfHole(hole);
+        finding->shape = lying.front();
     }
 
     void reportOffCentre(const Hole& hole, std::size_t target, double off) {
@@ -99,7 +140,8 @@ private:
             off = m_scene.shapes.distanceToOutline(hole.place, off);
         }
         if (off < far) {
-            finding->sentence += ", " + words.length(off) + " away from the nearest one";
+            finding->sentence += ", " + words.length(off) + " away from the nearest " +
+                                 (hole.inCycle ? "point or centre of a circle" : "one");
             finding->numbers = {{"distance", off}};
         }
         finding->sentence += '.';

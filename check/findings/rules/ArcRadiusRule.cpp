@@ -39,10 +39,10 @@ void ArcRadiusRule::step(const Step& step) {
         return;
     }
     const Wording& words = m_setting.words;
-    finding->sentence = "The arc begins " + words.length(radii.start) +
-                        " from its centre and ends " + words.length(radii.end) +
-                        " from it; a controller that takes a difference of " +
-                        words.length(tolerance) + " stops here.";
+    finding->sentence =
+        "The arc begins " + words.length(radii.start) + " from its centre and ends " +
+        words.length(radii.end) + " from it. They differ by " + words.length(difference) +
+        "; a controller that takes at most " + words.length(tolerance) + " stops here.";
     finding->numbers = {
         {"start-radius", radii.start}, {"end-radius", radii.end}, {"difference", difference}};
     finding->place = placeOf(m_setting, step);

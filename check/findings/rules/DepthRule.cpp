@@ -26,8 +26,8 @@ void DepthRule::finish() {
     Finding* const finding = m_findings.add(FindingKind::DepthZero, Severity::Warning, m_line);
     if (finding != nullptr) {
         const Wording& words = m_setting.words;
-        finding->sentence = "The tool never goes below the surface at " +
-                            words.height(m_setting.surface) + ": its lowest cut is at " +
+        finding->sentence = "No move at feed goes below the surface at " +
+                            words.height(m_setting.surface) + ": the lowest one is at " +
                             words.height(m_lowest) + ".";
         finding->numbers = {{"lowest", m_lowest}, {"surface", m_setting.surface}};
         finding->place = m_place;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "findings/ProgramText.h"
+
 namespace gcode_check {
 namespace {
 
@@ -107,6 +109,19 @@ void findUnits(const Setting& setting, Findings& findings) {
             "The program does not say its unit: without G20 or G21 a controller takes the one it "
             "used last.");
     }
+}
+
+void findNoMotion(const Setting& setting, Findings& findings) {
+    const Reading& reading = setting.reading;
+    if (hasMoves(reading) || reading.stopLine != 0 || setting.moreBehind) {
+        return;
+    }
+    const char* const blanks = " \t\r\n\v\f";
+    const bool isEmpty = setting.program.find_first_not_of(blanks) == std::string_view::npos;
+    say(findings, FindingKind::NoMotion, Severity::Warning, 0,
+        isEmpty                     ? "The program moves nothing: it is empty."
+        : hasWords(setting.program) ? "The program moves nothing: none of its lines is a move."
+                                    : "The program moves nothing: it has no words, only remarks.");
 }
 
 void findLineNumbers(const Setting& setting, Findings& findings) {

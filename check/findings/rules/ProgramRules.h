@@ -16,6 +16,9 @@ void findEnds(const Setting& setting, Findings& findings);
 // No unit word; two that differ.
 void findUnits(const Setting& setting, Findings& findings);
 
+// Nothing moves, in a program that is read to its end.
+void findNoMotion(const Setting& setting, Findings& findings);
+
 // Line numbers that do not grow.
 void findLineNumbers(const Setting& setting, Findings& findings);
 

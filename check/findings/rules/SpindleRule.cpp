@@ -7,9 +7,24 @@
 namespace gcode_check {
 namespace {
 
-std::string sentenceFor(const Step& step, bool everOn) {
+// The line of the last S word up to a line; 0: none.
+std::uint32_t speedLine(const Reading& reading, std::uint32_t line) {
+    std::uint32_t last = 0;
+    for (const Fact& fact : reading.facts) {
+        if (fact.line > line) {
+            break;
+        }
+        last = fact.kind == FactKind::Speed ? fact.line : last;
+    }
+    return last;
+}
+
+std::string sentenceFor(const Reading& reading, const Step& step, bool everOn) {
     if (step.motion->spindle != Spindle::Off) {
-        return "The tool cuts, but the spindle turns at speed 0: no S word was given.";
+        const std::uint32_t line = speedLine(reading, step.line());
+        return "The tool cuts, but the spindle is on with speed 0: " +
+               (line == 0 ? "no S word was given."
+                          : "S0 stands in line " + std::to_string(line) + ", it must be above 0.");
     }
     return everOn ? "The tool cuts while the spindle stands."
                   : "The tool cuts, but the program never starts the spindle.";
@@ -39,7 +54,7 @@ void SpindleRule::step(const Step& step) {
     const Severity severity = m_everOn ? Severity::Error : Severity::Warning;
     Finding* const finding = m_findings.add(FindingKind::SpindleStopped, severity, step.line());
     if (finding != nullptr) {
-        finding->sentence = sentenceFor(step, m_everOn);
+        finding->sentence = sentenceFor(m_setting.reading, step, m_everOn);
         finding->place = placeOf(m_setting, step);
     }
 }

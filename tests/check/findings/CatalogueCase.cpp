@@ -16,32 +16,6 @@ using gcode_check::ShapeKind;
 
 constexpr double kRadPerDeg = gcode_check::kPi / 180;
 
-// "line X Y X Y", "arc X Y RADIUS FROM-DEGREES TO-DEGREES", "circle X Y RADIUS", "point X Y"
-bool readShape(const std::string& text, Shape& shape) {
-    std::istringstream words(text);
-    words.imbue(std::locale::classic());
-    std::string kind;
-    words >> kind;
-    if (kind == "line") {
-        shape.kind = ShapeKind::Line;
-        words >> shape.first.x >> shape.first.y >> shape.second.x >> shape.second.y;
-    } else if (kind == "arc") {
-        shape.kind = ShapeKind::Arc;
-        words >> shape.centre.x >> shape.centre.y >> shape.radius >> shape.startRad >> shape.endRad;
-        shape.startRad *= kRadPerDeg;
-        shape.endRad *= kRadPerDeg;
-    } else if (kind == "circle") {
-        shape.kind = ShapeKind::Circle;
-        words >> shape.centre.x >> shape.centre.y >> shape.radius;
-    } else if (kind == "point") {
-        shape.kind = ShapeKind::Point;
-        words >> shape.first.x >> shape.first.y;
-    } else {
-        return false;
-    }
-    return !words.fail();
-}
-
 bool readOption(const std::string& text, gcode_check::CheckOptions& options) {
     std::istringstream words(text);
     words.imbue(std::locale::classic());
@@ -87,6 +61,31 @@ bool isBlank(const std::string& text) {
 }
 
 }  // namespace
+
+bool readShape(const std::string& text, Shape& shape) {
+    std::istringstream words(text);
+    words.imbue(std::locale::classic());
+    std::string kind;
+    words >> kind;
+    if (kind == "line") {
+        shape.kind = ShapeKind::Line;
+        words >> shape.first.x >> shape.first.y >> shape.second.x >> shape.second.y;
+    } else if (kind == "arc") {
+        shape.kind = ShapeKind::Arc;
+        words >> shape.centre.x >> shape.centre.y >> shape.radius >> shape.startRad >> shape.endRad;
+        shape.startRad *= kRadPerDeg;
+        shape.endRad *= kRadPerDeg;
+    } else if (kind == "circle") {
+        shape.kind = ShapeKind::Circle;
+        words >> shape.centre.x >> shape.centre.y >> shape.radius;
+    } else if (kind == "point") {
+        shape.kind = ShapeKind::Point;
+        words >> shape.first.x >> shape.first.y;
+    } else {
+        return false;
+    }
+    return !words.fail();
+}
 
 CatalogueCase readCase(const std::filesystem::path& file) {
     CatalogueCase read;

@@ -23,6 +23,8 @@ struct CatalogueCase {
     std::string error;  // what of the file can't be read
 };
 
+// "line X Y X Y", "arc X Y RADIUS FROM-DEGREES TO-DEGREES", "circle X Y RADIUS", "point X Y"
+bool readShape(const std::string& text, gcode_check::Shape& shape);
 CatalogueCase readCase(const std::filesystem::path& file);
 // Sorted by name.
 std::vector<CatalogueCase> readCases(const std::filesystem::path& folder);

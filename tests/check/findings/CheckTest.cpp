@@ -123,6 +123,135 @@ TEST(Check, SaysInPlainWordsWhatARejectedLineOfThePanelLacks) {
     EXPECT_NE(sentenceOf("G83 X1 Y1 Z-2R1P0.5Q0.5F100").find("A dwell does not belong to G83"),
               std::string::npos);
     EXPECT_EQ(sentenceOf("G0 X1 (a remark)"), "");
+    EXPECT_EQ(sentenceOf("G0 X4 YY40"),
+              "A controller stops here: found Y, expected a number after Y.");
+    EXPECT_EQ(sentenceOf("GO X4"),
+              "A controller stops here: found the letter O; a zero was meant?");
+    EXPECT_EQ(sentenceOf("go to X4"),
+              "A controller stops here: found o, expected a number after G. Remarks must stand in "
+              "parentheses or behind a semicolon.");
+    EXPECT_EQ(sentenceOf("G0 X4 O2"),
+              "A controller stops here: found the letter O in the middle of a line. In a number a "
+              "zero was meant; an O word must be the first of its line.");
+    EXPECT_EQ(sentenceOf("F9 G18 G2 X4 J4")
+                  .find("A controller stops here: found J, expected I and "
+                        "K, the offsets of the plane XZ (G18)."),
+              0U);
+}
+
+// Of the first finding.
+std::string sentenceOf(const std::string& program) {
+    const CheckResult result = check(program);
+    return result.findings.empty() ? "" : result.findings.front().sentence;
+}
+
+TEST(Check, SaysWhyAFeedOrASpeedIsMissing) {
+    const std::string cut = "G1 Z-1\nG1 X5\n" + kTail;
+    const std::string rest = " What the program cuts from here on was not checked.";
+    const std::string begin = "The tool is to cut, but ";
+    EXPECT_EQ(
+        sentenceOf(kHead + cut),
+        begin + "no feed is set, a controller stops here: an F word above 0 is missing." + rest);
+    EXPECT_EQ(sentenceOf(kHead + "F0\n" + cut),
+              begin +
+                  "the feed is 0, a controller stops here: F0 stands in line 6, it must be "
+                  "above 0." +
+                  rest);
+    EXPECT_EQ(sentenceOf(kHead + "F9\nG94\n" + cut).find(begin + "the F word in line 6 does not"),
+              0U);
+    EXPECT_EQ(sentenceOf("M3 S0\nG21\nG0 X0Y0Z5\nF9\n" + cut),
+              "The tool cuts, but the spindle is on with speed 0: S0 stands in line 1, it must be "
+              "above 0.");
+    EXPECT_EQ(sentenceOf("M3\nG21\nG0 X0Y0Z5\nF9\n" + cut),
+              "The tool cuts, but the spindle is on with speed 0: no S word was given.");
+}
+
+TEST(Check, SaysWhatEndsItFromWhichLineOnAndWhatToDo) {
+    const auto foundIn = [](const std::string& line) {
+        const std::string sentence = sentenceOf(kHead + line + "\n" + kTail);
+        const std::string begin = "The check ends here: ";
+        EXPECT_EQ(sentence.find(begin), 0U) << sentence;
+        const std::size_t middle = sentence.find(". From line 6 of 9 on nothing was checked. ");
+        EXPECT_NE(middle, std::string::npos) << sentence;
+        return sentence.substr(begin.size(), middle - begin.size());
+    };
+    EXPECT_EQ(foundIn("O12 (a name)"),
+              "O12 is the number of the program or of a subroutine (an O word)");
+    EXPECT_EQ(foundIn("o<a b> call [1]"),
+              "o<a b> call belongs to a subroutine, a loop or a condition (an O word)");
+    EXPECT_EQ(foundIn("#<depth>=3"),
+              "#<depth> is a parameter, whose value only the controller knows");
+    EXPECT_EQ(foundIn("G0 X#12"), "#12 is a parameter, whose value only the controller knows");
+    EXPECT_EQ(foundIn("G0 X[1+2]"), "the controller is to reckon an expression here");
+    EXPECT_EQ(foundIn("G84 Z-1 R2"), "G84 (tapping) is not followed by the check");
+    EXPECT_EQ(foundIn("g 33.1 Z-1 K1"), "g 33.1 (cutting a thread) is not followed by the check");
+    EXPECT_EQ(foundIn("M123"),
+              "M123 (a command of its machine alone) is not followed by the check");
+}
+
+TEST(Check, TellsOfTheFirstLineOnlyThatItDoesNotFollow) {
+    const CheckResult result = check(kHead + "O1 sub\nG0 X#1\nO1 endsub\n" + kTail);
+    EXPECT_EQ(kindsOf(result), std::vector<std::string>{"not-interpreted"});
+    EXPECT_TRUE(hasErrors(result));
+    const CheckResult behind = check(kHead + "G999\nG0 X#1\n" + kTail);
+    ASSERT_EQ(kindsOf(behind), (std::vector<std::string>{"controller-rejects", "not-interpreted"}));
+    EXPECT_EQ(behind.findings[1].sentence.find("Once line 6 is mended, the check will end here: "),
+              0U);
+}
+
+TEST(Check, AFileThatIsNoTextHasOneErrorWhateverItHolds) {
+    std::string bytes;
+    for (int at = 0; at < 100000; ++at) {
+        bytes += static_cast<char>(at * 7919 % 251);
+    }
+    const Drawing drawing;
+    const CheckResult result = check(bytes, {}, &drawing);
+    EXPECT_EQ(kindsOf(result), std::vector<std::string>{"controller-rejects"});
+    EXPECT_EQ(result.findings[0].sentence.find("This is not a text: "), 0U);
+    // Three such bytes may stand in a text, as a tape's leader or by mistake.
+    const std::string leader(3, '\0');
+    EXPECT_EQ(sentenceOf(leader + kHead).find("A controller stops here: found byte 0x00"), 0U);
+}
+
+TEST(Check, AMovedZeroIsToldOncePerChangeAndNotAtHomeAgain) {
+    const std::string cut = "G0 X1\nG1 Z-1 F9\nX2\nG0 Z5\n";
+    const auto linesOf = [&cut](const std::string& first, const std::string& second,
+                                const std::string& third) {
+        const CheckResult result = check(kHead + first + cut + second + cut + third + cut + kTail);
+        std::vector<std::uint32_t> lines;
+        for (const Finding& finding : result.findings) {
+            EXPECT_EQ(finding.kind, FindingKind::ZeroMoved) << finding.sentence;
+            lines.push_back(finding.line);
+        }
+        return lines;
+    };
+    using Lines = std::vector<std::uint32_t>;
+    EXPECT_EQ(linesOf("G52 X5\n", "G52 X5\n", "G52 X5\n"), (Lines{6}));
+    EXPECT_EQ(linesOf("G52 X5\n", "G52 X6\n", "G52 X0\n"), (Lines{6, 11}));
+    EXPECT_EQ(linesOf("G54\n", "G55\n", "G54\n"), (Lines{11}));
+    EXPECT_EQ(linesOf("G55\n", "G54\n", "G55\n"), (Lines{6, 16}));
+    EXPECT_EQ(linesOf("G55\n", "G56\n", "G56\n"), (Lines{6, 11}));
+    EXPECT_EQ(linesOf("G92 Z6\n", "G92.2\n", "G92.3\n"), (Lines{6, 16}));
+    EXPECT_EQ(linesOf("G92 Z6\nG92.1\n", "G43 H1\n", "G49\n").size(), 0U);
+    EXPECT_EQ(linesOf("G10 L2 P2 X5\n", "G10 L2 P1 X0\n", "G10 L2 P1 X0\n"), (Lines{11}));
+}
+
+TEST(Check, SaysHowFarAZeroIsMovedWhereTheProgramTellsIt) {
+    const std::string cut = "G1 Z-1 F9\nX2\n" + kTail;
+    const auto foundIn = [&cut](const std::string& lines) {
+        const std::string sentence = sentenceOf(kHead + lines + cut);
+        const std::string begin = "The zero is moved here ";
+        EXPECT_EQ(sentence.find(begin), 0U) << sentence;
+        return sentence.substr(begin.size(), sentence.find(". From") - begin.size());
+    };
+    EXPECT_EQ(foundIn("G52 X1 Y-2 Z3\n"), "(G52), by X1 Y-2 Z3 mm");
+    EXPECT_EQ(foundIn("G0 X4\nG92 X1\n"), "(G92), by X3 Y0 Z0 mm");
+    EXPECT_EQ(foundIn("G0 X4\nG10 L20 P1 X1\n"), "(G10), by X3 Y0 Z0 mm");
+    EXPECT_EQ(foundIn("G52 Z1\nG55\n"), "(G55), how far in X, Y, Z the program does not tell");
+    EXPECT_EQ(foundIn("G10 L2 P1 X3\nG52 Y1\n"),
+              "(G52), by Y1 Z0 mm, how far in X the program does not tell");
+    EXPECT_EQ(foundIn("G28 X0\nG92 X1 Y1\n").find("(G92), how far in X, Y the"), 0U);
+    EXPECT_EQ(foundIn("G10 L2 P1 R30\n"), "(G10), turned by 30 degrees");
 }
 
 TEST(Check, AnEmptySelectionMakesEveryCutOneTooMany) {

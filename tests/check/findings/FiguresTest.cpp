@@ -31,6 +31,19 @@ TEST(Figures, LengthsAndTimesOfALine) {
     EXPECT_EQ(figures.strokes, 0U);
 }
 
+TEST(Figures, AStrokeThatGoesNoDeeperAtTheSamePlaceIsAnother) {
+    const std::string head = "M3 S1000\nG21 G90\nG0 Z5\nG0 X10 Y0\n";
+    const auto strokesOf = [&head](const std::string& lines) {
+        return figuresOf((head + lines + "G0 Z50\nM30\n").c_str()).strokes;
+    };
+    EXPECT_EQ(strokesOf("G81 Z-2 R1 F100 L3\nG80\n"), 3U);
+    EXPECT_EQ(strokesOf("G83 Z-2 R1 Q.1 F100 L2\nG80\n"), 2U);
+    EXPECT_EQ(strokesOf("G85 Z-2 R1 F100 L2\nG80\n"), 2U);
+    EXPECT_EQ(strokesOf("G89 Z-2 R1 P0 F100 L2\nG80\n"), 2U);
+    EXPECT_EQ(strokesOf("G1 Z-2 F100\nG0 Z1\nG1 Z-2\n"), 2U);
+    EXPECT_EQ(strokesOf("G1 Z-2 F100\nG0 Z1\nG0 Z-1.9\nG1 Z-3\n"), 1U);
+}
+
 TEST(Figures, AreInTheProgramsUnit) {
     CheckOptions options;
     options.rapidRate = 2540;  // millimetres

@@ -23,6 +23,11 @@ const std::vector<std::string>& invalidLines() {
         "G0 U{n}",
         "G0 X{n} W1",
         "\xc3\xa9 G0 X{n}",
+        "G0 X{n}O",
+        "G0 X{n}O5 Y1",
+        "GO X{n}",
+        "G0 X{n} O100 call",
+        "\xef\xbb\xbfG0 X{n}",
         // Numbers
         "G0 X Y{n}",
         "G0 X{n} Y",

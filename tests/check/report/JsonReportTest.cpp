@@ -134,7 +134,8 @@ TEST(JsonReport, WithoutADrawingHasNoObjects) {
     EXPECT_TRUE(isJson(text)) << text;
     EXPECT_NE(text.find("\"objects\": null"), std::string::npos);
     EXPECT_NE(text.find("\"moves\": null"), std::string::npos);
-    EXPECT_NE(text.find("\"findings\": []"), std::string::npos);
+    EXPECT_NE(text.find("\"identifier\": \"no-motion\""), std::string::npos);
+    EXPECT_NE(jsonReport(check("G21\nG0 X1\nM30\n")).find("\"findings\": []"), std::string::npos);
 }
 
 // The text from the finding's identifier on, up to the next finding.
