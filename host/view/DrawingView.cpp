@@ -203,17 +203,32 @@ void DrawingView::paintEvent(QPaintEvent* event) {
 
 void DrawingView::showPath(const PathMark& path) {
     m_path = path;
-    const WorldBox box = path.box();
-    if (!box.isEmpty() && !m_transform.visibleBox().contains(box)) {
-        WorldBox wanted = box;
-        // Among its neighbours rather than as large as the window.
-        const double around =
-            std::max({box.width(), box.height(), kPathSurroundings / m_transform.scale()});
-        wanted.add(box.center() + QPointF(around, around));
-        wanted.add(box.center() - QPointF(around, around));
-        zoomTo(wanted);
-    }
+    bringIntoSight(path.box());
     update();
+}
+
+void DrawingView::bringIntoSight(const WorldBox& box) {
+    if (box.isEmpty()) {
+        return;
+    }
+    // From what the user looked at, not from where the path before lay.
+    if (m_viewBeforePath && m_transform == m_viewOfPath) {
+        m_transform = *m_viewBeforePath;
+        startFrame();
+    }
+    m_viewBeforePath.reset();
+    if (m_transform.visibleBox().contains(box)) {
+        return;
+    }
+    m_viewBeforePath = m_transform;
+    WorldBox wanted = box;
+    // Among its neighbours rather than as large as the window.
+    const double around =
+        std::max({box.width(), box.height(), kPathSurroundings / m_transform.scale()});
+    wanted.add(box.center() + QPointF(around, around));
+    wanted.add(box.center() - QPointF(around, around));
+    zoomTo(wanted);
+    m_viewOfPath = m_transform;
 }
 
 void DrawingView::paintOverlay(QPainter* painter) const {

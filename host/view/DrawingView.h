@@ -128,6 +128,7 @@ private:
     std::optional<std::size_t> objectAt(const QPointF& position) const;
     void lookForHovered();
     void clearHovered();
+    void bringIntoSight(const WorldBox& box);
 
     kxHostDocument_ptr m_document;
     DrawingScene m_scene;
@@ -154,4 +155,7 @@ private:
     std::optional<QPointF> m_panFrom;
     std::optional<SelectionBox> m_box;
     PathMark m_path;
+    /// What the user looked at before a path was brought into sight, and what was shown then.
+    std::optional<ViewTransform> m_viewBeforePath;
+    ViewTransform m_viewOfPath;
 };

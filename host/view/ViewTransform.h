@@ -27,6 +27,10 @@ public:
     void fit(const WorldBox& box, double margin = 24);
     WorldBox visibleBox() const;
 
+    friend bool operator==(const ViewTransform& a, const ViewTransform& b) {
+        return a.m_size == b.m_size && a.m_center == b.m_center && a.m_scale == b.m_scale;
+    }
+
 private:
     QSizeF m_size{1, 1};
     /// The world point in the middle of the screen.

@@ -73,6 +73,33 @@ TEST_F(PathMarkTest, aPathOutOfSightIsBroughtIntoSight) {
     EXPECT_EQ(colorAt(5050, 5000), kRed);
 }
 
+TEST_F(PathMarkTest, behindAPathOutOfSightTheNextOneIsShownWhereTheUserLooked) {
+    const ViewTransform looked = view->transform();
+    PathMark far;
+    far.pieces = {strip({{50000, 5000}, {90000, 5000}}, kRed)};
+    PathMark near;
+    near.pieces = {strip({{100, 100}, {200, 100}}, kGreen)};
+    view->showPath(far);
+    ASSERT_FALSE(view->transform() == looked);
+    view->showPath(near);
+    EXPECT_TRUE(view->transform() == looked);
+    // Two far ones behind one another come out as each does alone.
+    view->showPath(far);
+    const ViewTransform once = view->transform();
+    view->showPath(far);
+    EXPECT_TRUE(view->transform() == once);
+}
+
+TEST_F(PathMarkTest, aViewThatTheUserChangedStays) {
+    PathMark far;
+    far.pieces = {strip({{5000, 5000}, {5100, 5000}}, kRed)};
+    view->showPath(far);
+    view->zoomOut();
+    const ViewTransform own = view->transform();
+    view->showPath(far);
+    EXPECT_TRUE(view->transform() == own);
+}
+
 TEST_F(PathMarkTest, aPathWiderThanTheWindowIsShownWhole) {
     PathMark mark;
     mark.pieces = {strip({{-4000, 0}, {9000, 10}}, kRed)};
