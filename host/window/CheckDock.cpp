@@ -20,6 +20,7 @@
 
 #include "PlainText.h"
 #include "window/CheckedProgram.h"
+#include "window/WrappedRows.h"
 
 namespace {
 
@@ -72,6 +73,20 @@ QString countsOf(const gcode_check::CheckResult& result) {
         .arg(count(Severity::Note));
 }
 
+/// What of a kind is not among the findings.
+QStringList leftOutOf(const gcode_check::CheckResult& result) {
+    QStringList lines;
+    for (const gcode_check::FindingKind kind : gcode_check::allFindingKinds()) {
+        const std::size_t count = result.leftOut[static_cast<std::size_t>(kind)];
+        if (count > 0) {
+            lines.append(CheckDock::tr("And %1 more of %2")
+                             .arg(static_cast<qulonglong>(count))
+                             .arg(QLatin1String(identifierOf(kind))));
+        }
+    }
+    return lines;
+}
+
 QString coverageOf(const gcode_check::CheckResult& result) {
     if (!result.drawingGiven) {
         return {};
@@ -88,7 +103,7 @@ CheckDock::CheckDock(QWidget* parent)
       m_head(plainLabel("checkHead")),
       m_summary(plainLabel("checkSummary")),
       m_table(new QTreeWidget),
-      m_sentence(plainLabel("checkSentence")),
+      m_page(new QLabel),
       m_lines(new QPlainTextEdit),
       m_surface(lengthBox("checkSurface", 0, -kMostLength, 3)),
       m_tolerance(lengthBox("checkTolerance", gcode_check::CheckOptions().tolerance, 0.0001, 4)),
@@ -105,6 +120,7 @@ CheckDock::CheckDock(QWidget* parent)
     connect(m_table, &QTreeWidget::itemSelectionChanged, this, &CheckDock::choose);
     // A second click at what is chosen shows it once more.
     connect(m_table, &QTreeWidget::itemClicked, this, &CheckDock::choose);
+    connect(m_page, &QLabel::linkActivated, this, &CheckDock::pageAsked);
     showResult(nullptr, nullptr, QString());
 }
 
@@ -118,6 +134,9 @@ QWidget* CheckDock::createHead() {
     rows->addRow(m_summary);
     m_surface->setToolTip(tr("Where the top of the material lies, in program coordinates"));
     m_tolerance->setToolTip(tr("How far from an object a cut may lie"));
+    for (const QDoubleSpinBox* box : {m_surface, m_tolerance}) {
+        connect(box, &QDoubleSpinBox::editingFinished, this, &CheckDock::checkChanged);
+    }
     return head;
 }
 
@@ -126,10 +145,12 @@ QWidget* CheckDock::createMiddle() {
     m_table->setAccessibleName(tr("Findings"));
     m_table->setHeaderLabels({tr("Line"), tr("Finding")});
     m_table->setRootIsDecorated(false);
-    m_table->setUniformRowHeights(true);
+    wrapRows(m_table, kText);
     m_table->header()->setSectionResizeMode(kLine, QHeaderView::ResizeToContents);
     m_table->header()->setSectionResizeMode(kText, QHeaderView::Stretch);
-    m_sentence->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_page->setObjectName("findingPage");
+    m_page->setTextFormat(Qt::RichText);
+    m_page->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     m_lines->setObjectName("programLines");
     m_lines->setAccessibleName(tr("Program"));
     m_lines->setReadOnly(true);
@@ -143,7 +164,7 @@ QWidget* CheckDock::createMiddle() {
     auto* chosen = new QWidget;
     auto* rows = new QVBoxLayout(chosen);
     rows->setContentsMargins(0, 0, 0, 0);
-    rows->addWidget(m_sentence);
+    rows->addWidget(m_page);
     rows->addWidget(m_lines, 1);
     middle->addWidget(chosen);
     middle->setStretchFactor(0, 3);
@@ -166,6 +187,13 @@ QLayout* CheckDock::createButtons() {
     return row;
 }
 
+void CheckDock::checkChanged() {
+    if (m_result != nullptr &&
+        (surface() != m_checkedSurface || tolerance() != m_checkedTolerance)) {
+        Q_EMIT againAsked();
+    }
+}
+
 double CheckDock::surface() const {
     return m_surface->value();
 }
@@ -181,7 +209,9 @@ void CheckDock::showResult(const CheckedProgram* program, const gcode_check::Che
     m_again->setEnabled(result != nullptr);
     m_report->setEnabled(result != nullptr);
     m_lines->clear();
-    m_sentence->clear();
+    m_page->clear();
+    m_checkedSurface = surface();
+    m_checkedTolerance = tolerance();
     if (result == nullptr) {
         m_head->setText(tr("No program is checked yet."));
         m_summary->clear();
@@ -209,7 +239,11 @@ void CheckDock::fillTable() {
         item->setTextAlignment(kLine, Qt::AlignRight | Qt::AlignTop);
         item->setTextAlignment(kText, Qt::AlignLeft | Qt::AlignTop);
         item->setText(kText, sentence);
-        item->setToolTip(kText, plainToolTip(sentence));
+        items.append(item);
+    }
+    for (const QString& line : leftOutOf(*m_result)) {
+        auto* item = new QTreeWidgetItem({QString(), line});
+        item->setFlags(Qt::ItemIsEnabled);
         items.append(item);
     }
     m_table->addTopLevelItems(items);
@@ -220,7 +254,7 @@ void CheckDock::choose() {
     const int index = chosen.isEmpty() ? -1 : m_table->indexOfTopLevelItem(chosen.first());
     if (index >= 0) {
         const gcode_check::Finding& finding = m_result->findings[static_cast<std::size_t>(index)];
-        m_sentence->setText(QString::fromStdString(finding.sentence));
+        showPageOf(finding.kind);
         const std::size_t line = finding.line;
         int row = 0;
         m_lines->setPlainText(
@@ -236,6 +270,12 @@ void CheckDock::choose() {
                                               : QList<QTextEdit::ExtraSelection>{mark});
     }
     Q_EMIT findingChosen(index);
+}
+
+void CheckDock::showPageOf(gcode_check::FindingKind kind) {
+    const QString name = QLatin1String(identifierOf(kind));
+    m_page->setText(
+        tr("<b>%1</b>: <a href=\"findings/%1.md\">why, and what mends it</a>").arg(name));
 }
 
 void CheckDock::tellOutdated(const QString& why) {

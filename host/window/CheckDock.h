@@ -38,6 +38,8 @@ Q_SIGNALS:
     void chooseAsked();
     void againAsked();
     void reportAsked();
+    /// A page of the manual.
+    void pageAsked(const QString& page);
     /// An index of the result's findings; -1 when none is chosen.
     void findingChosen(int index);
 
@@ -47,16 +49,21 @@ private:
     QLayout* createButtons();
     void fillTable();
     void choose();
+    void showPageOf(gcode_check::FindingKind kind);
+    /// Another surface or tolerance asks for another check.
+    void checkChanged();
 
     const CheckedProgram* m_program = nullptr;
     const gcode_check::CheckResult* m_result = nullptr;
     QLabel* m_head;
     QLabel* m_summary;
     QTreeWidget* m_table;
-    QLabel* m_sentence;
+    QLabel* m_page;
     QPlainTextEdit* m_lines;
     QDoubleSpinBox* m_surface;
     QDoubleSpinBox* m_tolerance;
+    double m_checkedSurface = 0;
+    double m_checkedTolerance = 0;
     QPushButton* m_again;
     QPushButton* m_report;
 };

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QShortcut>
 #include <QStyle>
+#include <QTextBlock>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -105,7 +106,8 @@ void HelpWindow::goTo(const QString& page) {
 
 void HelpWindow::takeTitle() {
     const QString title = m_browser->documentTitle();
-    setWindowTitle(title.isEmpty() ? m_browser->source().fileName() : title);
+    // A page in Markdown has no title but its heading.
+    setWindowTitle(title.isEmpty() ? m_browser->document()->firstBlock().text() : title);
 }
 
 void HelpWindow::closeEvent(QCloseEvent* event) {

@@ -154,7 +154,8 @@ void MainWindow::createDocks() {
     addDockWidget(Qt::BottomDockWidgetArea, m_commandDock);
     m_check = new ProgramCheck({this, m_drawings, m_selection,
                                 [this](const QString& line) { m_commandLine->print(line); },
-                                [this](const QString& line) { complain(line); }});
+                                [this](const QString& line) { complain(line); },
+                                [this](const QString& page) { showHelp(page); }});
     addDockWidget(Qt::LeftDockWidgetArea, m_check->dock());
     tabifyDockWidget(m_layers, m_check->dock());
     m_check->dock()->hide();

@@ -20,7 +20,7 @@
 namespace {
 
 /// Of the dock when it comes up: sentences are to be read.
-constexpr int kWidth = 320;
+constexpr int kWidth = 360;
 
 }  // namespace
 
@@ -29,6 +29,7 @@ ProgramCheck::ProgramCheck(const Parts& parts)
     connect(m_dock, &CheckDock::chooseAsked, this, &ProgramCheck::choose);
     connect(m_dock, &CheckDock::againAsked, this, [this] { run(m_program.file()); });
     connect(m_dock, &CheckDock::reportAsked, this, &ProgramCheck::showReport);
+    connect(m_dock, &CheckDock::pageAsked, this, m_parts.showManual);
     connect(m_dock, &CheckDock::findingChosen, this, &ProgramCheck::showFinding);
     connect(m_dock, &QDockWidget::visibilityChanged, this, [this](bool) {
         // Behind another dock's tab it goes on to be what the user works with.

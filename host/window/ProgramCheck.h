@@ -29,6 +29,7 @@ public:
         SelectionKeeper* selection = nullptr;
         std::function<void(const QString&)> say;
         std::function<void(const QString&)> complain;
+        std::function<void(const QString& page)> showManual;
     };
     explicit ProgramCheck(const Parts& parts);
 

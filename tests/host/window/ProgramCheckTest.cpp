@@ -95,7 +95,7 @@ TEST_F(ProgramCheckTest, AFindingShowsItsLineAndItsMovesInTheDrawing) {
     EXPECT_TRUE(shown().isEmpty());
     clickFinding(0);
     EXPECT_EQ(markedLine(), "14  X0 Y60 F300");
-    EXPECT_FALSE(find<QLabel>("checkSentence")->text().isEmpty());
+    EXPECT_TRUE(find<QLabel>("findingPage")->text().contains("cut-off-drawing"));
     ASSERT_EQ(shown().pieces.size(), 1U);
     EXPECT_EQ(shown().pieces[0].points, QPolygonF(QVector<QPointF>{{100, 60}, {0, 60}}));
     // A line without a G word is blue in the preview.
@@ -141,6 +141,74 @@ TEST_F(ProgramCheckTest, CheckAgainReadsTheFileAnewAndTakesTheSurface) {
     find<QDoubleSpinBox>("checkSurface")->setValue(-20);
     click("checkAgain");
     EXPECT_EQ(findings().size(), 1) << findings().join('\n').toStdString();
+}
+
+TEST_F(ProgramCheckTest, AnotherSurfaceOrToleranceIsCheckedWhenItIsEntered) {
+    selectLines();
+    check(std::string(kHead) + kFirstLine + kSecondLine + kBeside + kEnd);
+    ASSERT_EQ(findings().size(), 1);
+    auto* box = find<QDoubleSpinBox>("checkTolerance");
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, "11");
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_FALSE(findings().join("\n").contains("no selected object"))
+        << findings().join("\n").toStdString();
+    const QStringList before = findings();
+    clickFinding(0);
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_FALSE(markedLine().isEmpty()) << "nothing changed: nothing is checked again";
+    EXPECT_EQ(findings(), before);
+}
+
+TEST_F(ProgramCheckTest, ALongSentenceIsShownWholeAtAnyWidth) {
+    selectLines();
+    check(std::string(kHead) + kFirstLine + kSecondLine + kBeside + kEnd);
+    auto* dock = find<QDockWidget>("checkDock");
+    for (const int width : {300, 500, 260}) {
+        window->resizeDocks({dock}, {width}, Qt::Horizontal);
+        letPass(50);
+        const QRect row = table()->visualItemRect(table()->topLevelItem(0));
+        const QRect text = table()->fontMetrics().boundingRect(
+            QRect(0, 0, table()->columnWidth(1) - 8, 10000), Qt::TextWordWrap,
+            table()->topLevelItem(0)->text(1));
+        EXPECT_GE(row.height(), text.height()) << width;
+        EXPECT_GT(row.height(), 1.9 * table()->fontMetrics().height()) << width;
+        EXPECT_LT(row.height(), text.height() + 3 * table()->fontMetrics().height()) << width;
+    }
+}
+
+TEST_F(ProgramCheckTest, WhatIsBeyondTheTableIsCounted) {
+    selectLines();
+    std::string many = std::string(kHead) + kFirstLine + kSecondLine;
+    for (int i = 0; i < 130; ++i) {
+        many += "G0 X0 Y" + std::to_string(100 + i) + "\nG1 Z-1 F100\nX50 F300\nG0 Z5\n";
+    }
+    check(many + kEnd);
+    const QStringList rows = findings();
+    EXPECT_EQ(rows.last(), ": And 30 more of cut-off-drawing") << rows.last().toStdString();
+    clickFinding(rows.size() - 1);
+    EXPECT_TRUE(shown().isEmpty());
+}
+
+TEST_F(ProgramCheckTest, AFindingHasItsPageInTheManual) {
+    selectLines();
+    check(std::string(kHead) + kFirstLine + kSecondLine + kBeside + kEnd);
+    clickFinding(0);
+    auto* link = find<QLabel>("findingPage");
+    link->setFocus();
+    QTest::keyClick(link, Qt::Key_Tab);
+    Q_EMIT link->linkActivated("findings/cut-off-drawing.md");
+    QWidget* help = nullptr;
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+        if (top->objectName() == "helpWindow") {
+            help = top;
+        }
+    }
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->windowTitle(), "cut-off-drawing");
+    EXPECT_TRUE(help->isVisible());
+    help->close();
 }
 
 TEST_F(ProgramCheckTest, AChangedOrClosedDrawingIsSaid) {
