@@ -4,8 +4,10 @@
 
 #include <algorithm>
 
-#include <QEvent>
+#include <QCoreApplication>
+#include <QResizeEvent>
 #include <QScrollBar>
+#include <QTimer>
 
 namespace {
 
@@ -56,6 +58,22 @@ bool PaneScrollArea::eventFilter(QObject* watched, QEvent* event) {
 bool PaneScrollArea::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::LayoutRequest) {
         updateGeometry();
+    } else if (event->type() == QEvent::Move && isViewportLost()) {
+        QTimer::singleShot(0, this, &PaneScrollArea::bringViewportBack);
     }
     return QScrollArea::viewportEvent(event);
+}
+
+// A dock behind another tab lies far outside of the window. What the window system says of the
+// viewport's own window may come when the dock has moved on, and the toolkit believes it: the
+// viewport is then as far outside of this area, and nothing of the pane is seen.
+bool PaneScrollArea::isViewportLost() const {
+    return !rect().contains(viewport()->geometry());
+}
+
+void PaneScrollArea::bringViewportBack() {
+    if (isViewportLost()) {
+        QResizeEvent again(size(), size());
+        QCoreApplication::sendEvent(this, &again);
+    }
 }

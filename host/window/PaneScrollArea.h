@@ -21,6 +21,8 @@ protected:
 
 private:
     int neededWidth() const;
+    bool isViewportLost() const;
+    void bringViewportBack();
 
     int m_paneWidth;
 };

@@ -321,6 +321,26 @@ TEST_F(AddinPanesTest, A_dock_of_the_host_covers_a_pane_behind_its_tab) {
     EXPECT_TRUE(waitUntil([&] { return seenIn(*dock()) == QColor(Qt::red); })) << "taken out";
 }
 
+TEST_F(AddinPanesTest, A_pane_is_seen_however_fast_its_tab_comes_back) {
+    showWindow();
+    const kxWindowHandle handle = make();
+    fill(handle, coloured("#ff0000"));
+    auto* const other = new QDockWidget("Other", window.get());
+    other->setWidget(coloured("#00ff00"));
+    window->addDockWidget(Qt::RightDockWidgetArea, other);
+    tabify(dock(), other);
+    const QPoint place(window->width() - 100, window->height() / 2);
+    other->raise();
+    ASSERT_TRUE(waitUntil([&] { return seenAt(*window, place) == QColor(Qt::green); }));
+    for (const int pauseMs : {250, 100, 50, 20}) {
+        other->raise();
+        letPass(pauseMs);
+        panes->setVisible(handle, true);
+        ASSERT_TRUE(waitUntil([&] { return seenAt(*window, place) == QColor(Qt::red); }, 5000))
+            << "after " << pauseMs << " ms";
+    }
+}
+
 TEST_F(AddinPanesTest, A_pane_comes_back_where_it_was_in_the_run_before) {
     showWindow();
     const kxWindowHandle handle = make();
