@@ -34,9 +34,8 @@ std::string quoted(std::string_view text) {
 
 /// Whether a group names what is copied for each object that refers to it.
 bool isName(const DxfRecord& record, int code) {
-    const bool isNamed =
-        record.type == "INSERT" || record.type == "BLOCK" || record.type == "LAYER";
-    return code == 8 || (code == 2 && isNamed);
+    return code == 8 || (code == 2 && (record.type == "INSERT" || record.type == "BLOCK" ||
+                                       record.type == "LAYER"));
 }
 
 std::size_t lengthOf(std::string_view name) {
@@ -137,7 +136,10 @@ bool DxfScanner::readPair(DxfGroup* group) {
     }
     group->line = m_lines.lineNumber();
     if (group->code <= 9 && group->code != 1 && group->code != 3) {
-        group->value = std::string(trimmed(group->value));
+        const std::string_view bare = trimmed(group->value);
+        if (bare.size() != group->value.size()) {
+            group->value = std::string(bare);
+        }
     }
     return true;
 }
