@@ -13,7 +13,7 @@
 
 namespace gcode_check {
 
-// What the check can find: one value a rule, one page in docs/user/findings each.
+// What the check can find: one value a rule, one page in the manual's folder "findings" each.
 enum class FindingKind : std::uint8_t {
     ControllerRejects,
     NotInterpreted,
