@@ -3,10 +3,10 @@
 #include "report/TextReport.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 #include "findings/Numbers.h"
+#include "report/Verdict.h"
 
 namespace gcode_check {
 namespace {
@@ -90,21 +90,6 @@ std::string sizeText(const Box& box) {
            range("Z", box.min.z, box.max.z);
 }
 
-// "1 h 2 min 3 s", whole seconds
-std::string timeText(double seconds) {
-    if (!(seconds >= 0) || seconds > 1e9) {
-        return "unknown";
-    }
-    const auto whole = static_cast<long long>(std::llround(seconds));
-    const long long hours = whole / 3600;
-    const long long minutes = whole / 60 % 60;
-    std::string text = hours > 0 ? std::to_string(hours) + " h " : "";
-    if (whole >= 60) {
-        text += std::to_string(minutes) + " min ";
-    }
-    return text + std::to_string(whole % 60) + " s";
-}
-
 void addFigures(std::string& text, const CheckResult& result) {
     const Figures& figures = result.figures;
     const Wording words(result.inches);
@@ -127,34 +112,6 @@ void addFigures(std::string& text, const CheckResult& result) {
                     timeText(figures.dwellSeconds) + ")");
 }
 
-// Then it is judged what would be cut if the heights were right.
-bool areHeightsWrong(const CheckResult& result) {
-    return std::any_of(result.findings.begin(), result.findings.end(), [](const Finding& finding) {
-        return finding.kind == FindingKind::CutAtUnknownHeight ||
-               (finding.kind == FindingKind::HeightIncrements &&
-                finding.severity == Severity::Error);
-    });
-}
-
-std::string ofSelected(const CheckResult& result) {
-    return std::to_string(result.shapesCut) + " of " + std::to_string(result.shapes) +
-           (result.shapes == 1 ? " selected object " : " selected objects ");
-}
-
-void addCoverage(std::string& text, const CheckResult& result) {
-    if (!result.drawingGiven) {
-        text += "Not checked: what is cut where, as no drawing was given\n";
-    } else if (result.coverageJudged) {
-        text += ofSelected(result) + (areHeightsWrong(result)
-                                          ? "followed entirely, but see the heights above\n"
-                                          : "cut entirely\n");
-    } else {
-        text +=
-            "Not checked: which objects are not cut, as the program stops before its last "
-            "cut\n";
-    }
-}
-
 // What the report does not speak of, so that silence about it is no praise.
 void addLimits(std::string& text, const CheckResult& result, const ReportHead& head) {
     const Reading& reading = result.reading;
@@ -164,26 +121,7 @@ void addLimits(std::string& text, const CheckResult& result, const ReportHead& h
         text += "Not checked: moves behind line " + std::to_string(reading.stopLine) +
                 ", where the reading stops\n";
     }
-    addCoverage(text, result);
-}
-
-// "No findings", "No errors, 2 warnings", "1 error, 2 warnings"
-std::string verdict(const CheckResult& result) {
-    if (result.findings.empty()) {
-        return "No findings\n";
-    }
-    const auto numbered = [](std::size_t count, const char* word) {
-        return std::to_string(count) + ' ' + word + (count == 1 ? "" : "s");
-    };
-    const std::size_t errors = countOf(result, Severity::Error);
-    std::string text = errors == 0 ? "No errors" : numbered(errors, "error");
-    if (const std::size_t warnings = countOf(result, Severity::Warning)) {
-        text += ", " + numbered(warnings, "warning");
-    }
-    if (const std::size_t notes = countOf(result, Severity::Note)) {
-        text += ", " + numbered(notes, "note");
-    }
-    return text + '\n';
+    text += coverageText(result) + '\n';
 }
 
 }  // namespace
@@ -199,7 +137,7 @@ std::string textReport(const CheckResult& result, const ReportHead& head) {
     addFigures(text, result);
     text += '\n';
     addLimits(text, result, head);
-    return text + verdict(result);
+    return text + verdictText(result) + '\n';
 }
 
 }  // namespace gcode_check

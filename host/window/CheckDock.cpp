@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include <QCheckBox>
 #include <QDoubleSpinBox>
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -19,6 +20,8 @@
 #include <QVBoxLayout>
 
 #include "PlainText.h"
+#include "findings/Numbers.h"
+#include "report/Verdict.h"
 #include "window/CheckedProgram.h"
 #include "window/WrappedRows.h"
 
@@ -60,19 +63,6 @@ QStyle::StandardPixmap iconOf(Severity severity) {
     return QStyle::SP_MessageBoxInformation;
 }
 
-QString countsOf(const gcode_check::CheckResult& result) {
-    const auto count = [&](Severity severity) {
-        return static_cast<qulonglong>(countOf(result, severity));
-    };
-    if (count(Severity::Error) + count(Severity::Warning) + count(Severity::Note) == 0) {
-        return CheckDock::tr("Nothing found");
-    }
-    return CheckDock::tr("Errors: %1, warnings: %2, notes: %3")
-        .arg(count(Severity::Error))
-        .arg(count(Severity::Warning))
-        .arg(count(Severity::Note));
-}
-
 /// What of a kind is not among the findings.
 QStringList leftOutOf(const gcode_check::CheckResult& result) {
     QStringList lines;
@@ -87,13 +77,15 @@ QStringList leftOutOf(const gcode_check::CheckResult& result) {
     return lines;
 }
 
-QString coverageOf(const gcode_check::CheckResult& result) {
-    if (!result.drawingGiven) {
-        return {};
-    }
-    return CheckDock::tr(". Cut whole: %1 of %2")
-        .arg(static_cast<qulonglong>(result.shapesCut))
-        .arg(static_cast<qulonglong>(result.shapes));
+/// What must be seen without reading the list.
+QString summaryOf(const gcode_check::CheckResult& result) {
+    const auto text = [](const std::string& line) { return QString::fromStdString(line); };
+    const auto length = [&](double value) { return text(gcode_check::numberText(value, 3)); };
+    const gcode_check::Figures& figures = result.figures;
+    const QString figuresText = CheckDock::tr("Cutting depth %1, cut length %2, time about %3")
+                                    .arg(length(figures.cuttingDepth), length(figures.cutLength),
+                                         text(gcode_check::timeText(figures.seconds())));
+    return text(verdictText(result)) + '\n' + text(coverageText(result)) + '\n' + figuresText;
 }
 
 }  // namespace
@@ -107,6 +99,8 @@ CheckDock::CheckDock(QWidget* parent)
       m_lines(new QPlainTextEdit),
       m_surface(lengthBox("checkSurface", 0, -kMostLength, 3)),
       m_tolerance(lengthBox("checkTolerance", gcode_check::CheckOptions().tolerance, 0.0001, 4)),
+      m_isDepthMeant(new QCheckBox(tr("&Depth Z:"))),
+      m_depth(lengthBox("checkDepth", -1, -kMostLength, 3)),
       m_again(new QPushButton(tr("Check &Again"))),
       m_report(new QPushButton(tr("&Report..."))) {
     setObjectName("checkDock");
@@ -130,11 +124,18 @@ QWidget* CheckDock::createHead() {
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addRow(m_head);
     rows->addRow(tr("&Surface Z:"), m_surface);
+    rows->addRow(m_isDepthMeant, m_depth);
     rows->addRow(tr("&Tolerance:"), m_tolerance);
     rows->addRow(m_summary);
     m_surface->setToolTip(tr("Where the top of the material lies, in program coordinates"));
     m_tolerance->setToolTip(tr("How far from an object a cut may lie"));
-    for (const QDoubleSpinBox* box : {m_surface, m_tolerance}) {
+    m_depth->setToolTip(tr("No cut may be deeper, and one must be as deep"));
+    m_depth->setEnabled(false);
+    m_isDepthMeant->setObjectName("checkIsDepthMeant");
+    m_isDepthMeant->setToolTip(tr("Whether the depth is checked"));
+    connect(m_isDepthMeant, &QCheckBox::toggled, m_depth, &QWidget::setEnabled);
+    connect(m_isDepthMeant, &QCheckBox::toggled, this, &CheckDock::checkChanged);
+    for (const QDoubleSpinBox* box : {m_surface, m_depth, m_tolerance}) {
         connect(box, &QDoubleSpinBox::editingFinished, this, &CheckDock::checkChanged);
     }
     return head;
@@ -188,18 +189,20 @@ QLayout* CheckDock::createButtons() {
 }
 
 void CheckDock::checkChanged() {
-    if (m_result != nullptr &&
-        (surface() != m_checkedSurface || tolerance() != m_checkedTolerance)) {
+    const CheckValues now = values();
+    const bool isSame = now.surface == m_checked.surface && now.depth == m_checked.depth &&
+                        now.tolerance == m_checked.tolerance;
+    if (m_result != nullptr && !isSame) {
         Q_EMIT againAsked();
     }
 }
 
-double CheckDock::surface() const {
-    return m_surface->value();
-}
-
-double CheckDock::tolerance() const {
-    return m_tolerance->value();
+CheckValues CheckDock::values() const {
+    CheckValues values{m_surface->value(), {}, m_tolerance->value()};
+    if (m_isDepthMeant->isChecked()) {
+        values.depth = m_depth->value();
+    }
+    return values;
 }
 
 void CheckDock::showResult(const CheckedProgram* program, const gcode_check::CheckResult* result,
@@ -210,8 +213,7 @@ void CheckDock::showResult(const CheckedProgram* program, const gcode_check::Che
     m_report->setEnabled(result != nullptr);
     m_lines->clear();
     m_page->clear();
-    m_checkedSurface = surface();
-    m_checkedTolerance = tolerance();
+    m_checked = values();
     if (result == nullptr) {
         m_head->setText(tr("No program is checked yet."));
         m_summary->clear();
@@ -219,7 +221,7 @@ void CheckDock::showResult(const CheckedProgram* program, const gcode_check::Che
         m_head->setText(
             tr("%1, held against %2").arg(QFileInfo(program->file()).fileName(), heldAgainst));
         m_head->setToolTip(plainToolTip(program->file()));
-        m_summary->setText(countsOf(*result) + coverageOf(*result));
+        m_summary->setText(summaryOf(*result));
     }
     fillTable();
 }

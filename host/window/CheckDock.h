@@ -10,11 +10,19 @@
 #include "findings/Check.h"
 
 class CheckedProgram;
+class QCheckBox;
 class QDoubleSpinBox;
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 class QTreeWidget;
+
+/// What a program is checked with, in the drawing's unit.
+struct CheckValues {
+    double surface = 0;
+    std::optional<double> depth;
+    double tolerance = 0;
+};
 
 /// What the check of a program found: the findings ("findingsTable"), the program's lines around
 /// the chosen one ("programLines"), and what the program is held against.
@@ -24,9 +32,7 @@ class CheckDock : public QDockWidget {
 public:
     explicit CheckDock(QWidget* parent = nullptr);
 
-    /// Both in the drawing's unit.
-    double surface() const;
-    double tolerance() const;
+    CheckValues values() const;
 
     /// Shows a result, nothing chosen. The program must stay until the next call.
     void showResult(const CheckedProgram* program, const gcode_check::CheckResult* result,
@@ -50,7 +56,7 @@ private:
     void fillTable();
     void choose();
     void showPageOf(gcode_check::FindingKind kind);
-    /// Another surface or tolerance asks for another check.
+    /// Other values ask for another check.
     void checkChanged();
 
     const CheckedProgram* m_program = nullptr;
@@ -62,8 +68,9 @@ private:
     QPlainTextEdit* m_lines;
     QDoubleSpinBox* m_surface;
     QDoubleSpinBox* m_tolerance;
-    double m_checkedSurface = 0;
-    double m_checkedTolerance = 0;
+    QCheckBox* m_isDepthMeant;
+    QDoubleSpinBox* m_depth;
+    CheckValues m_checked;
     QPushButton* m_again;
     QPushButton* m_report;
 };

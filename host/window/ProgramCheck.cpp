@@ -9,6 +9,7 @@
 
 #include "drawing/CheckShapes.h"
 #include "report/TextReport.h"
+#include "report/Verdict.h"
 #include "view/DrawingView.h"
 #include "window/CheckDock.h"
 #include "window/Dialogs.h"
@@ -93,15 +94,15 @@ void ProgramCheck::check() {
     DrawingTab* tab = m_parts.drawings->current();
     const QString heldAgainst = hold(tab);
     gcode_check::CheckOptions options;
-    options.surfaceZ = m_dock->surface();
-    options.tolerance = m_dock->tolerance();
+    const CheckValues values = m_dock->values();
+    options.surfaceZ = values.surface;
+    options.depth = values.depth;
+    options.tolerance = values.tolerance;
     m_result = gcode_check::check(m_program.text(), options, tab != nullptr ? &m_drawing : nullptr);
     m_dock->showResult(&m_program, &m_result, heldAgainst);
     QApplication::restoreOverrideCursor();
-    m_parts.say(tr("%1: errors: %2, warnings: %3")
-                    .arg(QFileInfo(m_program.file()).fileName())
-                    .arg(countOf(m_result, gcode_check::Severity::Error))
-                    .arg(countOf(m_result, gcode_check::Severity::Warning)));
+    m_parts.say(QFileInfo(m_program.file()).fileName() + ": " +
+                QString::fromStdString(verdictText(m_result)));
 }
 
 void ProgramCheck::follow(DrawingTab* tab) {
@@ -143,6 +144,7 @@ void ProgramCheck::showReport() {
     gcode_check::ReportHead head;
     head.program = m_program.file().toStdString();
     head.drawing = m_tab ? m_tab->path().toStdString() : std::string();
+    head.surfaceGiven = true;
     showText(tr("Check of %1").arg(QFileInfo(m_program.file()).fileName()),
              QString::fromStdString(textReport(m_result, head)), m_parts.window);
 }

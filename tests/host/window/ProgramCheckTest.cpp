@@ -3,6 +3,7 @@
 #include "window/ProgramCheck.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QDir>
 #include <QDockWidget>
 #include <QDoubleSpinBox>
@@ -75,8 +76,10 @@ TEST_F(ProgramCheckTest, AProgramThatCutsWhatIsSelectedShowsNothingFound) {
     EXPECT_TRUE(find<QDockWidget>("checkDock")->isVisible());
     EXPECT_EQ(findings(), QStringList());
     EXPECT_EQ(head(), "program.nc, held against 2 selected objects of mixed.dxf");
-    EXPECT_EQ(summary(), "Nothing found. Cut whole: 2 of 2");
-    EXPECT_TRUE(said().contains("program.nc: errors: 0, warnings: 0")) << said().toStdString();
+    EXPECT_EQ(summary().toStdString(),
+              "No findings\n2 of 2 selected objects cut entirely\n"
+              "Cutting depth 1, cut length 202, time about 48 s");
+    EXPECT_TRUE(said().contains("program.nc: No findings")) << said().toStdString();
 }
 
 TEST_F(ProgramCheckTest, WithoutASelectionAllThatIsShownIsAsked) {
@@ -85,7 +88,8 @@ TEST_F(ProgramCheckTest, WithoutASelectionAllThatIsShownIsAsked) {
     // The polyline gives no tool path, the circle is not cut.
     EXPECT_EQ(head(), "program.nc, held against all 3 objects of mixed.dxf");
     EXPECT_EQ(findings().size(), 1) << findings().join('\n').toStdString();
-    EXPECT_TRUE(summary().endsWith("Cut whole: 2 of 3")) << summary().toStdString();
+    EXPECT_TRUE(summary().contains("2 of 3 selected objects cut entirely"))
+        << summary().toStdString();
 }
 
 TEST_F(ProgramCheckTest, AFindingShowsItsLineAndItsMovesInTheDrawing) {
@@ -159,6 +163,24 @@ TEST_F(ProgramCheckTest, AnotherSurfaceOrToleranceIsCheckedWhenItIsEntered) {
     QTest::keyClick(box, Qt::Key_Return);
     EXPECT_FALSE(markedLine().isEmpty()) << "nothing changed: nothing is checked again";
     EXPECT_EQ(findings(), before);
+}
+
+TEST_F(ProgramCheckTest, ADepthIsCheckedWhenItIsMeant) {
+    selectLines();
+    check(std::string(kHead) + kFirstLine + kSecondLine + kEnd);
+    ASSERT_EQ(findings(), QStringList());
+    auto* depth = find<QDoubleSpinBox>("checkDepth");
+    EXPECT_FALSE(depth->isEnabled());
+    auto* isMeant = find<QCheckBox>("checkIsDepthMeant");
+    QTest::mouseClick(isMeant, Qt::LeftButton, Qt::NoModifier, QPoint(8, isMeant->height() / 2));
+    EXPECT_EQ(findings(), QStringList()) << "it stands at the depth of the cuts";
+    depth->setFocus();
+    depth->selectAll();
+    QTest::keyClicks(depth, "-0.5");
+    QTest::keyClick(depth, Qt::Key_Return);
+    EXPECT_FALSE(findings().isEmpty()) << "cuts are at -1";
+    QTest::mouseClick(isMeant, Qt::LeftButton, Qt::NoModifier, QPoint(8, isMeant->height() / 2));
+    EXPECT_EQ(findings(), QStringList());
 }
 
 TEST_F(ProgramCheckTest, ALongSentenceIsShownWholeAtAnyWidth) {
