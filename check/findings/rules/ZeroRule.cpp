@@ -24,7 +24,11 @@ std::string codeText(const ZeroWords& words) {
     const int code = words.sets != 0       ? words.sets
                      : words.switches != 0 ? words.switches
                                            : words.selects;
-    return 'G' + numberText(code / 10.0);
+    if (code == 100) {
+        return words.fromTool ? "G10 L20" : "G10 L2";
+    }
+    // Nothing else brings a work offset back than the modes that were saved.
+    return code == 0 ? "M72" : 'G' + numberText(code / 10.0);
 }
 
 }  // namespace

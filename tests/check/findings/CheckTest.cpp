@@ -246,12 +246,14 @@ TEST(Check, SaysHowFarAZeroIsMovedWhereTheProgramTellsIt) {
     };
     EXPECT_EQ(foundIn("G52 X1 Y-2 Z3\n"), "(G52), by X1 Y-2 Z3 mm");
     EXPECT_EQ(foundIn("G0 X4\nG92 X1\n"), "(G92), by X3 Y0 Z0 mm");
-    EXPECT_EQ(foundIn("G0 X4\nG10 L20 P1 X1\n"), "(G10), by X3 Y0 Z0 mm");
+    EXPECT_EQ(foundIn("G0 X4\nG10 L20 P1 X1\n"), "(G10 L20), by X3 Y0 Z0 mm");
+    EXPECT_EQ(foundIn("G55\nM70\nG54\nM72\n"),
+              "(M72), how far in X, Y, Z the program does not tell");
     EXPECT_EQ(foundIn("G52 Z1\nG55\n"), "(G55), how far in X, Y, Z the program does not tell");
     EXPECT_EQ(foundIn("G10 L2 P1 X3\nG52 Y1\n"),
               "(G52), by Y1 Z0 mm, how far in X the program does not tell");
     EXPECT_EQ(foundIn("G28 X0\nG92 X1 Y1\n").find("(G92), how far in X, Y the"), 0U);
-    EXPECT_EQ(foundIn("G10 L2 P1 R30\n"), "(G10), turned by 30 degrees");
+    EXPECT_EQ(foundIn("G10 L2 P1 R30\n"), "(G10 L2), turned by 30 degrees");
 }
 
 TEST(Check, AnEmptySelectionMakesEveryCutOneTooMany) {
