@@ -48,9 +48,15 @@ bool hasByteOrderMark(std::string_view text) {
 bool isRemark(std::string_view text) {
     std::size_t words = 0;
     std::size_t letters = 0;
+    bool isName = false;  // of a parameter or subroutine
     for (const char c : text) {
         if (c == ';' || c == '(') {
             break;
+        }
+        isName = c == '<' || (isName && c != '>');
+        if (isName) {
+            letters = 0;
+            continue;
         }
         letters = isLetter(c) ? letters + 1 : 0;
         words += letters == 2 ? 1 : 0;
@@ -188,9 +194,11 @@ struct CodeName {
     const char* name;
 };
 
-// What a code is that the check leaves to others. The first that begins like it counts.
+// What a code is that the check leaves to others, with all that stands behind its point.
 constexpr CodeName kCodeNames[] = {
     {"G5", "a spline"},
+    {"G7", "a code of lathes"},
+    {"G10", "a change of the tool table"},
     {"G33", "cutting a thread"},
     {"G38", "probing"},
     {"G41", "tool radius compensation"},
@@ -200,18 +208,19 @@ constexpr CodeName kCodeNames[] = {
     {"G72", "a code of lathes"},
     {"G74", "tapping"},
     {"G76", "cutting a thread"},
-    {"G7", "a code of lathes"},
     {"G84", "tapping"},
     {"G87", "a boring cycle"},
     {"G88", "a boring cycle"},
     {"G96", "a speed that follows the radius"},
-    {"G10", "a change of the tool table"},
     {"M19", "turning the spindle to an angle"},
     {"M98", "a subprogram"},
     {"M99", "a subprogram"},
-    {"M7", "saving or restoring modes"},
-    {"M1", "a command of its machine alone"},
 };
+
+bool isCode(const std::string& found, std::string_view code) {
+    const bool begins = found.compare(0, code.size(), code) == 0;
+    return begins && (found.size() == code.size() || !isDigit(found[code.size()]));
+}
 
 std::string codeWords(const std::string& found) {
     std::string plain;
@@ -221,11 +230,13 @@ std::string codeWords(const std::string& found) {
         return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
     });
     const auto* const known =
-        std::find_if(std::begin(kCodeNames), std::end(kCodeNames), [&plain](const CodeName& name) {
-            return plain.compare(0, name.code.size(), name.code) == 0;
-        });
-    return known == std::end(kCodeNames) ? trimmed(found)
-                                         : trimmed(found) + " (" + known->name + ")";
+        std::find_if(std::begin(kCodeNames), std::end(kCodeNames),
+                     [&plain](const CodeName& name) { return isCode(plain, name.code); });
+    if (known != std::end(kCodeNames)) {
+        return trimmed(found) + " (" + known->name + ")";
+    }
+    const bool isOfMachine = plain.size() == 4 && plain[0] == 'M' && plain[1] == '1';
+    return trimmed(found) + (isOfMachine ? " (a command of its machine alone)" : "");
 }
 
 struct Untold {

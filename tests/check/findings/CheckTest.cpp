@@ -125,6 +125,8 @@ TEST(Check, SaysInPlainWordsWhatARejectedLineOfThePanelLacks) {
     EXPECT_EQ(sentenceOf("G0 X1 (a remark)"), "");
     EXPECT_EQ(sentenceOf("G0 X4 YY40"),
               "A controller stops here: found Y, expected a number after Y.");
+    EXPECT_EQ(sentenceOf("G0 W#<depth of cut>"),
+              "A controller stops here: found W, expected an axis of X, Y, Z, A, B, C.");
     EXPECT_EQ(sentenceOf("GO X4"),
               "A controller stops here: found the letter O; a zero was meant?");
     EXPECT_EQ(sentenceOf("go to X4"),
@@ -185,6 +187,12 @@ TEST(Check, SaysWhatEndsItFromWhichLineOnAndWhatToDo) {
     EXPECT_EQ(foundIn("G0 X[1+2]"), "the controller is to reckon an expression here");
     EXPECT_EQ(foundIn("G84 Z-1 R2"), "G84 (tapping) is not followed by the check");
     EXPECT_EQ(foundIn("g 33.1 Z-1 K1"), "g 33.1 (cutting a thread) is not followed by the check");
+    EXPECT_EQ(foundIn("M19 R5"),
+              "M19 (turning the spindle to an angle) is not followed by the check");
+    EXPECT_EQ(foundIn("M190"),
+              "M190 (a command of its machine alone) is not followed by the check");
+    EXPECT_EQ(foundIn("G10 L1 P1 Z1"),
+              "G10 L1 (a change of the tool table) is not followed by the check");
     EXPECT_EQ(foundIn("M123"),
               "M123 (a command of its machine alone) is not followed by the check");
 }
