@@ -32,6 +32,8 @@ ProgramCheck::ProgramCheck(const Parts& parts)
     connect(m_dock, &CheckDock::reportAsked, this, &ProgramCheck::showReport);
     connect(m_dock, &CheckDock::pageAsked, this, m_parts.showManual);
     connect(m_dock, &CheckDock::findingChosen, this, &ProgramCheck::showFinding);
+    connect(&m_watch, &FileWatch::changed, this,
+            [this] { forget(tr("The program was written anew: check again.")); });
     connect(m_dock, &QDockWidget::visibilityChanged, this, [this](bool) {
         // Behind another dock's tab it goes on to be what the user works with.
         if (m_dock->isHidden() && m_tab) {
@@ -45,10 +47,7 @@ void ProgramCheck::run(const QString& file) {
         choose();
         return;
     }
-    QString error;
-    const QString path = QFileInfo(file).absoluteFilePath();
-    if (!m_program.load(path, &error)) {
-        m_parts.complain(tr("The program can't be read: %1: %2").arg(path, error));
+    if (!load(QFileInfo(file).absoluteFilePath())) {
         return;
     }
     check();
@@ -57,6 +56,25 @@ void ProgramCheck::run(const QString& file) {
         m_parts.window->resizeDocks({m_dock}, {kWidth}, Qt::Horizontal);
     }
     m_dock->raise();
+}
+
+bool ProgramCheck::load(const QString& path) {
+    QString error;
+    const QString before = m_program.file();
+    // First, so that what is written while the file is read is still said.
+    m_watch.add(path);
+    m_watch.accept(path);
+    if (!m_program.load(path, &error)) {
+        if (path != before) {
+            m_watch.remove(path);
+        }
+        m_parts.complain(tr("The program can't be read: %1: %2").arg(path, error));
+        return false;
+    }
+    if (path != before && !before.isEmpty()) {
+        m_watch.remove(before);
+    }
+    return true;
 }
 
 void ProgramCheck::choose() {

@@ -9,6 +9,7 @@
 
 #include "findings/Check.h"
 #include "window/CheckedProgram.h"
+#include "window/FileWatch.h"
 
 class CheckDock;
 class DrawingTab;
@@ -40,6 +41,7 @@ public:
 
 private:
     void choose();
+    bool load(const QString& path);
     void check();
     QString hold(DrawingTab* tab);
     void showFinding(int index);
@@ -50,6 +52,7 @@ private:
     Parts m_parts;
     CheckDock* m_dock;
     CheckedProgram m_program;
+    FileWatch m_watch;
     gcode_check::CheckResult m_result;
     gcode_check::Drawing m_drawing;
     QPointer<DrawingTab> m_tab;

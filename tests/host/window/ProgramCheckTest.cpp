@@ -21,6 +21,7 @@
 #include "Waiting.h"
 #include "view/DrawingView.h"
 #include "window/Drawings.h"
+#include "window/FileWatch.h"
 
 namespace {
 
@@ -246,6 +247,26 @@ TEST_F(ProgramCheckTest, AChangedOrClosedDrawingIsSaid) {
     EXPECT_TRUE(waitUntil([this] { return summary() == "The drawing was closed."; }));
     clickFinding(0);
     EXPECT_FALSE(markedLine().isEmpty()) << "its line is shown still";
+}
+
+TEST_F(ProgramCheckTest, AProgramThatIsWrittenAnewIsSaid) {
+    selectLines();
+    check(std::string(kHead) + kFirstLine + kSecondLine + kEnd);
+    ASSERT_TRUE(summary().startsWith("No findings"));
+    const QString anew = "The program was written anew: check again.";
+    program(std::string(kHead) + kFirstLine + kBeside + kEnd);
+    EXPECT_TRUE(waitUntil([&] { return summary() == anew; }));
+    click("checkAgain");
+    EXPECT_FALSE(findings().isEmpty());
+    ASSERT_NE(summary(), anew);
+    // Another program is what counts from then on.
+    const QString other = program(std::string(kHead) + kFirstLine + kEnd, "other.nc");
+    type("CHECKPROGRAM " + other);
+    program(std::string(kHead) + kEnd);
+    letPass(FileWatch::kQuietMs * 3);
+    EXPECT_NE(summary(), anew);
+    program(std::string(kHead) + kEnd, "other.nc");
+    EXPECT_TRUE(waitUntil([&] { return summary() == anew; }));
 }
 
 TEST_F(ProgramCheckTest, WithoutADrawingTheProgramAloneIsJudged) {
