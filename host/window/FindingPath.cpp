@@ -119,6 +119,10 @@ PathMark pathOfFinding(const gcode_check::CheckResult& result, const gcode_check
             }
         }
     }
+    if (place.drawingFarthest) {
+        mark.place = QPointF(place.drawingFarthest->x, place.drawingFarthest->y);
+        return mark;
+    }
     // Between the ends of several moves there need be none of them.
     const double part = place.firstMotion == place.lastMotion ? 0.5 : 0;
     mark.place = QPointF(place.drawingFrom.x + (place.drawingTo.x - place.drawingFrom.x) * part,

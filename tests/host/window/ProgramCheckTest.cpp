@@ -120,6 +120,18 @@ TEST_F(ProgramCheckTest, MovesHaveThePreviewsColours) {
     EXPECT_EQ(shown().pieces[0].color, QColor(178, 0, 0)) << "a rapid through the material";
 }
 
+TEST_F(ProgramCheckTest, TheRingLiesWhereACutIsFarthestFromTheDrawing) {
+    selectLines();
+    // From the second line's end away to the upper right.
+    check(std::string(kHead) + kFirstLine + kSecondLine +
+          "G0 X100 Y50\nG1 Z-1 F100\nX130 Y90 F300\nG0 Z5\n" + kEnd);
+    ASSERT_FALSE(findings().isEmpty());
+    clickFinding(0);
+    ASSERT_TRUE(shown().place) << findings().join('\n').toStdString();
+    EXPECT_NEAR(shown().place->x(), 130, 0.5);
+    EXPECT_NEAR(shown().place->y(), 90, 0.5);
+}
+
 TEST_F(ProgramCheckTest, WhatIsShownGoesWithTheDockAndWithTheNextCheck) {
     selectLines();
     const std::string bad = std::string(kHead) + kFirstLine + kSecondLine + kBeside + kEnd;
