@@ -24,6 +24,11 @@ bool isArc(int motion) {
     return motion == 20 || motion == 30;
 }
 
+// Radius compensation.
+bool turnsOn(int radiusOffset) {
+    return radiusOffset > 400;
+}
+
 bool withoutUse(const Block& block, char letter, const char* codes, Fault& fault) {
     return reject(fault, Rule::WordWithoutUse, block.column(letter), std::string(1, letter),
                   std::string(codes) + " to use it");
@@ -146,8 +151,8 @@ bool checkR(const Block& block, int motion, Fault& fault) {
 }
 
 bool checkL(const Block& block, int motion, Fault& fault) {
-    const bool isUsed =
-        block.g(GGroup::OneShot) == 100 || isCycle(motion) || block.m(MGroup::Output) == 66;
+    const bool isUsed = block.g(GGroup::OneShot) == 100 || isCycle(motion) ||
+                        block.m(MGroup::Output) == 66 || turnsOn(block.g(GGroup::RadiusOffset));
     return !block.has('L') || isUsed || withoutUse(block, 'L', "G10, M66 or a cycle", fault);
 }
 
@@ -166,7 +171,7 @@ bool checkHDE(const Block& block, Fault& fault) {
     if (block.has('H') && length != 430 && length != 432) {
         return withoutUse(block, 'H', "G43", fault);
     }
-    if (block.has('D')) {
+    if (block.has('D') && !turnsOn(block.g(GGroup::RadiusOffset))) {
         return withoutUse(block, 'D', "G41 or G42", fault);
     }
     const int output = block.m(MGroup::Output);

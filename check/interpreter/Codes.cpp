@@ -34,7 +34,7 @@ GTable makeGTable() {
     set(table, GGroup::ArcDistance, {901, 911});
     set(table, GGroup::FeedMode, {930, 940, 950});
     set(table, GGroup::Unit, {200, 210});
-    set(table, GGroup::RadiusOffset, {400});
+    set(table, GGroup::RadiusOffset, {400, 410, 411, 420, 421});
     set(table, GGroup::ToolLength, {430, 431, 432, 490});
     set(table, GGroup::Retract, {980, 990});
     set(table, GGroup::System, {540, 550, 560, 570, 580, 590, 591, 592, 593});
@@ -42,9 +42,8 @@ GTable makeGTable() {
     set(table, GGroup::SpindleMode, {970});
     set(table, GGroup::Diameter, {80});
     set(table, GGroup::OffsetOff, {921, 922, 923});
-    set(table, GGroup::NotInterpreted,
-        {50,  51,  52,  53,  70,  171, 181, 191, 330, 331, 382, 383,
-         384, 385, 410, 411, 420, 421, 740, 760, 840, 870, 880, 960});
+    set(table, GGroup::NotInterpreted, {50,  51,  52,  53,  70,  171, 181, 191, 330, 331,
+                                        382, 383, 384, 385, 740, 760, 840, 870, 880, 960});
     set(table, GGroup::LatheContour, {700, 710, 711, 712, 720, 721, 722});
     return table;
 }

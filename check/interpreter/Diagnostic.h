@@ -42,7 +42,15 @@ enum class Rule : std::uint8_t {
     PeckNotPositive,
     ModeForbids,  // the machine's mode does not allow the code
     OffsetOutOfRange,
-    ModesNotSaved,  // M72 without an M70 or M73 before it
+    ModesNotSaved,            // M72 without an M70 or M73 before it
+    CompensationOn,           // G41 or G42 while one of them is in force
+    CompensationPlane,        // in the plane of G19
+    CompensationForbids,      // what can't be while it is on
+    CompensationEntryShort,   // the first move is not longer than the tool's radius
+    CompensationArcTooSmall,  // an arc that has the tool inside and no room for it
+    CompensationNoRoom,       // a corner that the tool does not fit into
+    CompensationGouge,        // a move that ends before it begins, seen from the tool's centre
+    CompensationExitArc,      // an arc as the first move behind G40
     ToolUnknown,
     ProgramNotOpened,  // text and percent lines that do not fit together
     // What a controller knows and this does not

@@ -131,6 +131,7 @@ private:
     void complain(Fault fault) {
         if (m_reading.stopLine == 0) {
             m_reading.stopLine = m_reading.lines;
+            m_machine.dropPending();
         }
         if (m_reading.diagnostics.size() >= m_options.diagnosticsAtMost) {
             ++m_reading.diagnosticsLeftOut;

@@ -35,6 +35,9 @@ bool Machine::execute(const Block& block, Fault& fault) {
     if (!checkBlock(block, m_mode, fault)) {
         return false;
     }
+    if (m_compensation.isOn && !checkBeforeCompensation(block, fault)) {
+        return false;
+    }
     if (block.hasAnyCode() || block.hasAny(Block::bit('F') | Block::bit('S') | Block::bit('T'))) {
         setFeedMode(block);
         setFeedAndSpeed(block);
@@ -51,6 +54,10 @@ bool Machine::execute(const Block& block, Fault& fault) {
             m_plane = static_cast<Plane>(block.g(GGroup::Plane) / 10 - 17);
         }
         setUnit(block);
+        if (!setCompensation(block, fault) ||
+            (m_compensation.isOn && !checkBehindCompensation(block, fault))) {
+            return false;
+        }
         if (!setToolLength(block, fault)) {
             return false;
         }
@@ -66,6 +73,7 @@ bool Machine::execute(const Block& block, Fault& fault) {
 void Machine::end(std::uint32_t line) {
     m_line = line;
     m_hasEnded = true;
+    dropPending();
     m_reading.endLine = line;
     m_reading.motions.push_back(step(MotionKind::ProgramEnd));
 }
@@ -131,9 +139,20 @@ bool Machine::changeTool(const Block& block, Fault& fault) {
     if (code == 6) {
         pushSpindle(Spindle::Off);
         m_tool = m_nextTool;
+        synchronise();
         return push(step(MotionKind::ToolChange), fault);
     }
     return code != 61 || setTool(block, fault);
+}
+
+// A controller asks the machine where it is: behind G40 that is beside the programmed path.
+void Machine::synchronise() {
+    if (m_compensation.isLeaving) {
+        const Axes machine = axesOf(m_machine, m_mmPerUnit);
+        Axes position = toProgramAxes(machine);
+        std::copy(m_position.begin() + 3, m_position.end(), position.begin() + 3);
+        m_position = position;
+    }
 }
 
 bool Machine::setTool(const Block& block, Fault& fault) {
@@ -237,9 +256,13 @@ bool Machine::stop(const Block& block, Fault& fault) {
         case 0:
         case 1:
         case 60:
-            return push(step(MotionKind::Stop), fault);
+            return settleForStop(block.columnOfM(MGroup::Stop), fault) &&
+                   push(step(MotionKind::Stop), fault);
         case 2:
         case 30:
+            if (!settle(block.columnOfM(MGroup::Stop), fault)) {
+                return false;
+            }
             end(block.line);
             resetModes();
             return true;
@@ -296,6 +319,7 @@ bool Machine::push(const Motion& motion, Fault& fault) {
 }
 
 void Machine::finish() {
+    dropPending();
     MachineState& state = m_reading.state;
     state.position = m_machine;
     state.rotary = {m_position[3], m_position[4], m_position[5]};

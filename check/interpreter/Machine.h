@@ -5,7 +5,9 @@
 #include <array>
 
 #include "interpreter/Block.h"
+#include "interpreter/Compensation.h"
 #include "interpreter/Reading.h"
+#include "interpreter/SavedModes.h"
 
 namespace gcode_check {
 
@@ -23,6 +25,9 @@ public:
     // The closing percent line.
     void end(std::uint32_t line);
     bool hasEnded() const { return m_hasEnded; }
+    // Where the program stops: a step of radius compensation whose end counts on the next move
+    // is not made.
+    void dropPending();
     // The motion code in force, in tenths.
     int motionMode() const { return m_mode; }
     // Writes the modes into the reading.
@@ -36,23 +41,6 @@ private:
         double peck = 0;
     };
     struct Cycle;
-    // What M70 and M73 save and M72 brings back.
-    struct SavedModes {
-        bool isValid = false;
-        bool isInches = false;
-        bool isRelative = false;
-        bool hasAbsoluteCentres = false;
-        bool retractsToR = true;
-        bool hasToolOffset = false;
-        Plane plane = Plane::XY;
-        FeedMode feedMode = FeedMode::PerMinute;
-        PathMode pathMode = PathMode::Continuous;
-        Spindle spindle = Spindle::Off;
-        std::uint8_t coolant = 0;
-        std::size_t system = 0;
-        double feedWord = 0;
-        double speed = 0;
-    };
 
     // Modes, in the order in which they come into force.
     void setFeedMode(const Block& block);
@@ -60,6 +48,7 @@ private:
     bool selectTool(const Block& block, Fault& fault);
     bool changeTool(const Block& block, Fault& fault);
     bool setTool(const Block& block, Fault& fault);
+    void synchronise();
     bool isTool(const Block& block, char letter, Fault& fault) const;
     const Tool* findTool(std::int32_t number) const;
     void setSpindle(const Block& block);
@@ -116,6 +105,31 @@ private:
     bool pecks(const Cycle& cycle, Fault& fault);
     bool strokeTo(const Cycle& cycle, double depth, Stroke stroke, Fault& fault);
 
+    // Radius compensation.
+    bool setCompensation(const Block& block, Fault& fault);
+    bool turnOn(const Block& block, Fault& fault);
+    bool programmedRadius(const Block& block, double& radius, Fault& fault) const;
+    bool radiusOfTool(const Block& block, double& radius, Fault& fault) const;
+    bool checkBeforeCompensation(const Block& block, Fault& fault) const;
+    bool checkBehindCompensation(const Block& block, Fault& fault) const;
+    bool leavesByArc(std::uint32_t column, Fault& fault) const;
+    bool compensated(const Block& block, Motion& motion, const Axes& to, ProgrammedPath path,
+                     Fault& fault);
+    bool enter(std::uint32_t column, Motion& motion, const Axes& to, ProgrammedPath& path, Fault& fault);
+    bool follow(Motion& motion, const Axes& to, const ProgrammedPath& path, Fault& fault);
+    bool turnCorner(std::uint32_t column, const Motion& after, const ProgrammedPath& path, Fault& fault);
+    bool turnInside(std::uint32_t column, const ProgrammedPath& path, Fault& fault);
+    bool goRoundCorner(const Motion& after, const ProgrammedPath& path, Fault& fault);
+    bool settleForStop(std::uint32_t column, Fault& fault);
+    std::size_t firstMoveFrom(std::size_t index) const;
+    bool canMoveEnd() const;
+    bool settle(std::uint32_t column, Fault& fault);
+    void movePendingEnd(const AxisPair& end);
+    bool pushBeside(Motion& motion, const Axes& to, const AxisPair& tool, Fault& fault);
+    Axes besideAxes(const Axes& program, const AxisPair& tool) const;
+    AxisPair inPlane(const Axes& axes) const;
+    void setFeedOf(Motion& motion, double programmedLength) const;
+
     // Steps.
     Motion step(MotionKind kind) const;
     bool push(const Motion& motion, Fault& fault);
@@ -167,6 +181,7 @@ private:
     double m_initialLevel = 0;
     bool m_isInCycles = false;
     SavedModes m_saved;
+    Compensation m_compensation;
 
     static constexpr int kStartMode = 800;
 };

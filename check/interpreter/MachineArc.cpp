@@ -24,6 +24,7 @@ constexpr double kChordInches = 0.00005;
 struct PlaneAxes {
     std::size_t first;
     std::size_t second;
+    std::size_t third;
     char firstLetter;
     char secondLetter;
     char firstOffset;
@@ -34,20 +35,11 @@ struct PlaneAxes {
 
 const PlaneAxes& planeAxes(Plane plane) {
     static constexpr std::array<PlaneAxes, 3> kAxes = {{
-        {0, 1, 'X', 'Y', 'I', 'J', 'K', "I and J, the offsets of the plane XY (G17)"},
-        {2, 0, 'Z', 'X', 'K', 'I', 'J', "I and K, the offsets of the plane XZ (G18)"},
-        {1, 2, 'Y', 'Z', 'J', 'K', 'I', "J and K, the offsets of the plane YZ (G19)"},
+        {0, 1, 2, 'X', 'Y', 'I', 'J', 'K', "I and J, the offsets of the plane XY (G17)"},
+        {2, 0, 1, 'Z', 'X', 'K', 'I', 'J', "I and K, the offsets of the plane XZ (G18)"},
+        {1, 2, 0, 'Y', 'Z', 'J', 'K', 'I', "J and K, the offsets of the plane YZ (G19)"},
     }};
     return kAxes[static_cast<std::size_t>(plane)];
-}
-
-struct Point2 {
-    double first = 0;
-    double second = 0;
-};
-
-double distance(const Point2& a, const Point2& b) {
-    return std::hypot(a.first - b.first, a.second - b.second);
 }
 
 std::string number(double value) {
@@ -61,8 +53,8 @@ std::string number(double value) {
 struct ArcWords {
     const Block& block;
     const PlaneAxes& axes;
-    Point2 start;
-    Point2 end;
+    AxisPair start;
+    AxisPair end;
     bool isInches = false;
     bool hasAbsoluteCentre = false;
     bool isClockwise = false;
@@ -123,7 +115,7 @@ bool checkRadii(const ArcWords& arc, double atStart, double atEnd, Fault& fault)
     return true;
 }
 
-bool centreByOffsets(const ArcWords& arc, Point2& centre, Fault& fault) {
+bool centreByOffsets(const ArcWords& arc, AxisPair& centre, Fault& fault) {
     const Block& block = arc.block;
     if (arc.hasAbsoluteCentre) {
         for (const char letter : {arc.axes.firstOffset, arc.axes.secondOffset}) {
@@ -143,7 +135,7 @@ bool centreByOffsets(const ArcWords& arc, Point2& centre, Fault& fault) {
 }
 
 // A positive radius makes the shorter of the two arcs, a negative one the longer.
-bool centreByRadius(const ArcWords& arc, Point2& centre, Fault& fault) {
+bool centreByRadius(const ArcWords& arc, AxisPair& centre, Fault& fault) {
     const Block& block = arc.block;
     const double radius = block.value('R');
     if (!block.has(arc.axes.firstLetter) && !block.has(arc.axes.secondLetter)) {
@@ -187,7 +179,7 @@ bool Machine::arc(const Block& block, int motion, Fault& fault) {
         !checkTurns(block, fault)) {
         return false;
     }
-    Point2 centre;
+    AxisPair centre;
     if (!(block.has('R') ? centreByRadius(words, centre, fault)
                          : centreByOffsets(words, centre, fault))) {
         return false;
@@ -199,6 +191,21 @@ bool Machine::arc(const Block& block, int motion, Fault& fault) {
     motionStep.centre = machinePoint(centreAxes);
     const auto turns = static_cast<std::int32_t>(std::lround(block.valueOr('P', 1)));
     motionStep.turns = words.isClockwise ? -turns : turns;
+    if (m_compensation.isOn) {
+        ProgrammedPath path;
+        path.start = words.start;
+        path.end = words.end;
+        path.centre = centre;
+        path.isArc = true;
+        path.isClockwise = words.isClockwise;
+        const double inPlane =
+            arcLength(path) + (turns - 1) * 2 * kPi * distance(path.centre, path.start);
+        setFeedOf(motionStep, std::hypot(inPlane, to[axes.third] - m_position[axes.third]));
+        return compensated(block, motionStep, to, path, fault);
+    }
+    if (m_compensation.isLeaving) {
+        return leavesByArc(words.column(), fault);
+    }
     return pushMove(motionStep, to, fault);
 }
 

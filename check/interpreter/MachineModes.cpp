@@ -65,11 +65,16 @@ bool Machine::saveOrRestoreModes(const Block& block, Fault& fault) {
         return reject(fault, Rule::NotInterpretedCode, column, "M72 beside other words",
                       "M72 on a line of its own");
     }
+    if (m_saved.isCompensated || m_compensation.isOn) {
+        return reject(fault, Rule::NotInterpretedCode, column, "M72 with radius compensation",
+                      "G40 before M70 and M72");
+    }
     return restoreModes(fault);
 }
 
 void Machine::saveModes() {
     m_saved.isValid = true;
+    m_saved.isCompensated = m_compensation.isOn;
     m_saved.isInches = m_isInches;
     m_saved.isRelative = m_isRelative;
     m_saved.hasAbsoluteCentres = m_hasAbsoluteCentres;

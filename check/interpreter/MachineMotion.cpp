@@ -171,6 +171,14 @@ bool Machine::straight(const Block& block, int motion, Fault& fault) {
     }
     Motion step = this->step(motion == 0 ? MotionKind::Rapid : MotionKind::Feed);
     step.toMachinePlace = toMachinePlace;
+    if (m_compensation.isOn || m_compensation.isLeaving) {
+        setFeedOf(step,
+                  std::hypot(to[0] - m_position[0], to[1] - m_position[1], to[2] - m_position[2]));
+    }
+    if (m_compensation.isOn) {
+        return compensated(block, step, to, {}, fault);
+    }
+    m_compensation.isLeaving = false;
     return pushMove(step, to, fault);
 }
 

@@ -55,6 +55,9 @@ enum class Stroke : std::uint8_t {
     FedRetract,  // the same at the feed (G85, G89)
 };
 
+constexpr std::int32_t kNoContour = -1;
+constexpr std::int32_t kRoundCorner = -2;  // beside a corner: nothing was programmed
+
 // One step of what the machine does. It begins where the one before ended.
 struct Motion {
     std::uint32_t line = 0;  // of the program, from 1
@@ -71,13 +74,23 @@ struct Motion {
     std::int32_t turns = 0;
     std::uint32_t frame = 0;   // Reading::frames, for programToMachine and back
     std::int32_t rotary = -1;  // Reading::rotaryAxes at the end; -1: all are at 0
-    std::int32_t tool = 0;     // number of the tool in the spindle
-    Point from;                // machine coordinates, millimetres
+    // Reading::contours: what was programmed, where radius compensation moves the tool beside it;
+    // kNoContour: what is programmed is where the tool goes.
+    std::int32_t contour = kNoContour;
+    std::int32_t tool = 0;  // number of the tool in the spindle
+    Point from;             // machine coordinates, millimetres
     Point to;
     Point centre;     // of an arc; along its axis as `from`
     double feed = 0;  // millimetres a minute or a revolution, or moves a minute; see feedMode
     double spindleSpeed = 0;  // revolutions a minute; as programmed, also while the spindle is off
     double seconds = 0;       // of a dwell
+};
+
+// Where the programmed line or arc of a compensated step lies: as in Motion.
+struct Contour {
+    Point from;
+    Point to;
+    Point centre;
 };
 
 inline bool isMove(const Motion& motion) {

@@ -41,6 +41,7 @@ struct Reading {
     std::vector<Motion> motions;          // in the order in which the machine does them
     std::vector<Frame> frames;            // Motion::frame
     std::vector<RotaryAxes> rotaryAxes;   // Motion::rotary
+    std::vector<Contour> contours;        // Motion::contour
     std::vector<Diagnostic> diagnostics;  // in the order of the lines
     std::size_t diagnosticsLeftOut = 0;   // beyond MachineOptions::diagnosticsAtMost
     std::vector<Fact> facts;              // in the order of the lines

@@ -69,6 +69,22 @@ const char* identifierOf(Rule rule) {
             return "offset-out-of-range";
         case Rule::ModesNotSaved:
             return "modes-not-saved";
+        case Rule::CompensationOn:
+            return "compensation-on";
+        case Rule::CompensationPlane:
+            return "compensation-plane";
+        case Rule::CompensationForbids:
+            return "compensation-forbids";
+        case Rule::CompensationEntryShort:
+            return "compensation-entry-short";
+        case Rule::CompensationArcTooSmall:
+            return "compensation-arc-too-small";
+        case Rule::CompensationNoRoom:
+            return "compensation-no-room";
+        case Rule::CompensationGouge:
+            return "compensation-gouge";
+        case Rule::CompensationExitArc:
+            return "compensation-exit-arc";
         case Rule::ToolUnknown:
             return "tool-unknown";
         case Rule::ProgramNotOpened:
