@@ -105,6 +105,19 @@ Point pointOn(const Step& arc, const ArcSpan& span, double t) {
                              centre.y + radius * std::sin(angle), from.z + (to.z - from.z) * t});
 }
 
+Step programmedOf(const Setting& setting, const Step& step) {
+    Step result = step;
+    if (step.motion->contour >= 0) {
+        const Reading& reading = setting.reading;
+        const Contour& contour = reading.contours[static_cast<std::size_t>(step.motion->contour)];
+        const Frame& frame = reading.frames[step.motion->frame];
+        result.from = inUnit(frame, contour.from, setting.mmPerUnit);
+        result.to = inUnit(frame, contour.to, setting.mmPerUnit);
+        result.centre = inUnit(frame, contour.centre, setting.mmPerUnit);
+    }
+    return result;
+}
+
 bool StepWalk::next() {
     const Reading& reading = m_setting.reading;
     if (m_next >= reading.motions.size()) {

@@ -52,6 +52,9 @@ struct ArcRadii {
 ArcRadii radiiOf(const Step& arc);
 Point pointOn(const Step& arc, const ArcSpan& span, double t);
 
+// The step as it was programmed: without the radius compensation that moves the tool beside it.
+Step programmedOf(const Setting& setting, const Step& step);
+
 // Motions one after the other as steps.
 class StepWalk {
 public:

@@ -184,7 +184,7 @@ Corner cornerOf(const ProgrammedPath& before, const ProgrammedPath& after, doubl
 }
 
 std::optional<AxisPair> meetingPoint(const ProgrammedPath& before, const ProgrammedPath& after,
-                                       double left) {
+                                     double left) {
     if (!before.isArc && !after.isArc) {
         return meetingOfLines(before, after, left);
     }

@@ -182,10 +182,14 @@ bool Machine::radiusOfTool(const Block& block, double& radius, Fault& fault) con
         number = asked == 0 ? m_tool : asked;
     }
     const Tool* tool = findTool(number);
-    if (tool == nullptr && number != 0) {
+    // Without a tool in the spindle the radius is 0, if it is known that there is none.
+    if (tool == nullptr && (number != 0 || m_options.anyTool)) {
+        const std::string whose =
+            number == 0 ? "the tool in the spindle" : "tool " + std::to_string(number);
         return reject(fault, Rule::NotInterpretedCode, block.columnOfG(GGroup::RadiusOffset),
-                      "the radius of tool " + std::to_string(number),
-                      "a tool whose diameter is known");
+                      std::string(textOfG(block.g(GGroup::RadiusOffset)).text) +
+                          " without a known diameter of " + whose,
+                      "a tool whose diameter is known, or G41.1 and G42.1 with the diameter as D");
     }
     radius = tool == nullptr ? 0 : tool->diameterMm / 2 / m_mmPerUnit;
     return true;

@@ -19,10 +19,12 @@ class Collector {
 public:
     Collector(const Setting& setting, Heights heights) : m_setting(setting), m_heights(heights) {}
 
-    void step(const Step& step) {
-        if (!step.isMove()) {
+    // The drawing is the contour that was programmed, also where the tool's centre goes beside it.
+    void step(const Step& asDone) {
+        if (!asDone.isMove() || (asDone.motion->contour == kRoundCorner && !asDone.isRapid())) {
             return;
         }
+        const Step step = asDone.motion->contour >= 0 ? programmedOf(m_setting, asDone) : asDone;
         m_isOut = m_isOut || step.to.z >= m_setting.surface - kSame;
         const Stroke stroke = step.motion->stroke;
         // A cycle is at its next hole then, be it the same place.
