@@ -6,13 +6,13 @@
 
 namespace gcode_check {
 
-void unite(std::vector<Interval>& intervals) {
+void unite(std::vector<Interval>& intervals, double gap) {
     std::sort(intervals.begin(), intervals.end(), [](const Interval& a, const Interval& b) {
         return a.from < b.from || (a.from == b.from && a.to < b.to);
     });
     std::size_t kept = 0;
     for (std::size_t next = 1; next < intervals.size(); ++next) {
-        if (intervals[next].from <= intervals[kept].to) {
+        if (intervals[next].from <= intervals[kept].to + gap) {
             intervals[kept].to = std::max(intervals[kept].to, intervals[next].to);
         } else {
             intervals[++kept] = intervals[next];

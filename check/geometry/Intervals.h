@@ -12,8 +12,8 @@ struct Interval {
     double to = 0;
 };
 
-// Sorted and without overlap; parts that touch become one.
-void unite(std::vector<Interval>& intervals);
+// Sorted and without overlap; parts that touch become one, and those at most `gap` apart.
+void unite(std::vector<Interval>& intervals, double gap = 0);
 
 // What of 0 to 1 no interval covers, apart from gaps of at most `least`. Unites them.
 std::vector<Interval> gapsOf(std::vector<Interval>& intervals, double least);

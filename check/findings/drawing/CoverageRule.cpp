@@ -2,18 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "findings/drawing/CoverageRule.h"
 
-#include "geometry/Near.h"
+#include "geometry/Cover.h"
 
 namespace gcode_check {
 namespace {
-
-// Shorter gaps come from rounding.
-constexpr double kGap = 1e-7;
-
-double leastGap(const Curve& curve) {
-    const double length = lengthOf(curve);
-    return length > 0 ? kGap / length + 1e-10 : 0.5;
-}
 
 bool isTouched(const DrawingSetting& scene, const Curve& curve) {
     bool touched = false;
@@ -89,22 +81,10 @@ std::vector<Interval> uncutParts(const DrawingSetting& scene, const Target& targ
     if (curve.kind == Curve::Kind::Point) {
         return isTouched(scene, curve) ? std::vector<Interval>{} : std::vector<Interval>{{0, 1}};
     }
-    const double reach = scene.setting.tolerance;
-    std::vector<Interval> covered;
-    std::size_t judgedAt = 8;
-    bool whole = false;
-    scene.cutTree.each(
-        [&](const PlaneBox& box) { return mayReach(curve, box, reach); },
-        [&](std::size_t cut) {
-            appendNear(curve, scene.cuts.cuts[cut].curve, reach, Ends::Round, covered);
-            whole = !covered.empty() && covered.back().from == 0 && covered.back().to == 1;
-            if (!whole && covered.size() > judgedAt) {
-                whole = gapsOf(covered, leastGap(curve)).empty();
-                judgedAt = covered.size() * 2 + 8;
-            }
-            return !whole;
-        });
-    return whole ? std::vector<Interval>{} : gapsOf(covered, leastGap(curve));
+    const std::vector<Cut>& cuts = scene.cuts.cuts;
+    return Cover(curve, scene.setting.tolerance)
+        .gaps(scene.cutTree, scene.directedCuts,
+              [&cuts](std::size_t cut) -> const Curve& { return cuts[cut].curve; });
 }
 
 std::size_t findUncut(const DrawingSetting& scene, const std::vector<bool>& explained,

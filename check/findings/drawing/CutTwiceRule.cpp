@@ -3,19 +3,24 @@
 #include "findings/drawing/CutTwiceRule.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <functional>
+#include <iterator>
+#include <map>
+#include <queue>
+#include <set>
+#include <tuple>
 
 #include "geometry/Near.h"
 
 namespace gcode_check {
 namespace {
 
-constexpr double kParallel = 1e-3;  // sine of the angle between what runs along each other
-constexpr double kRoughly = 0.866;  // cosine: chords of an arc run along it
-constexpr double kMostOfCut = 0.5;
 constexpr double kLeastInTolerances = 10;
 constexpr double kNearlyAll = 0.95;
-constexpr std::size_t kPassesAtMost = 64;
+// So many cuts that lie along one place are a crowd.
+constexpr std::size_t kCrowd = 64;
 
 struct Overlap {
     Interval part;
@@ -29,6 +34,19 @@ struct Pair {
     std::size_t second = 0;
 };
 
+// What is cut twice of an object, and the pair of cuts that is named.
+struct Twice {
+    std::vector<Interval> parts;
+    Pair pair;
+};
+
+using CurveKey = std::array<double, 8>;
+
+CurveKey keyOf(const Curve& curve) {
+    return {curve.a.x,      curve.a.y,      curve.b.x,    curve.b.y,
+            curve.centre.x, curve.centre.y, curve.radius, curve.start + 10 * curve.sweep};
+}
+
 double cross(const PlanePoint& a, const PlanePoint& b) {
     return a.x * b.y - a.y * b.x;
 }
@@ -40,7 +58,7 @@ PlanePoint directionBeside(const Cut& cut, const PlanePoint& place) {
 
 bool isParallel(const Curve& object, const Cut& cut, double t) {
     const PlanePoint along = directionBeside(cut, pointAt(object, t));
-    return std::abs(cross(directionAt(object, t), along)) <= kParallel;
+    return std::abs(cross(directionAt(object, t), along)) <= kRunsAlong.parallel;
 }
 
 bool runsAlong(const Curve& object, const Cut& cut, const Interval& part) {
@@ -50,9 +68,9 @@ bool runsAlong(const Curve& object, const Cut& cut, const Interval& part) {
     const double middle = (part.from + part.to) / 2;
     const PlanePoint along = directionBeside(cut, pointAt(object, middle));
     const PlanePoint own = directionAt(object, middle);
-    const double cosine = std::abs(own.x * along.x + own.y * along.y);
+    const double sine = std::abs(cross(own, along));
     const double length = lengthOf(object) * (part.to - part.from);
-    return cosine >= kRoughly && length >= kMostOfCut * lengthOf(cut.curve);
+    return sine <= kRunsAlong.rough && length >= kRunsAlong.part * lengthOf(cut.curve);
 }
 
 double heightBeside(const Cut& cut, const PlanePoint& place) {
@@ -77,50 +95,90 @@ public:
 
 private:
     void judgeCurve(std::size_t index, const Curve& curve) {
+        // Copies of an object that lies in a crowd are judged once.
+        const auto known = m_crowded.find(keyOf(curve));
+        if (known != m_crowded.end()) {
+            reportCurve(index, curve, known->second);
+            return;
+        }
         collect(curve);
         if (m_overlaps.size() < 2) {
             return;
         }
-        findPairs(curve);
-        std::vector<Interval> parts;
+        const bool isCrowd = !findPairs(curve);
+        if (isCrowd) {
+            findNeighbours(curve);
+        }
+        const Twice twice = twiceOf(curve);
+        reportCurve(index, curve, twice);
+        if (isCrowd) {
+            m_crowded.emplace(keyOf(curve), twice);
+        }
+    }
+
+    Twice twiceOf(const Curve& curve) const {
+        Twice twice;
         for (const Pair& pair : m_pairs) {
-            parts.push_back(pair.part);
+            twice.parts.push_back(pair.part);
         }
-        unite(parts);
         const double length = lengthOf(curve);
-        const double least =
-            std::min(kLeastInTolerances * m_scene.setting.tolerance, kNearlyAll * length);
-        parts.erase(std::remove_if(parts.begin(), parts.end(),
-                                   [length, least](const Interval& part) {
-                                       return (part.to - part.from) * length < least;
-                                   }),
-                    parts.end());
-        if (!parts.empty()) {
-            reportCurve(index, curve, parts);
+        const double tolerance = m_scene.setting.tolerance;
+        // Where chords join, a hair lies beside neither.
+        unite(twice.parts, tolerance / length);
+        const double least = std::min(kLeastInTolerances * tolerance, kNearlyAll * length);
+        twice.parts.erase(std::remove_if(twice.parts.begin(), twice.parts.end(),
+                                         [length, least](const Interval& part) {
+                                             return (part.to - part.from) * length < least;
+                                         }),
+                          twice.parts.end());
+        if (!twice.parts.empty()) {
+            twice.pair = tellingPair(twice.parts.front(), length);
         }
+        return twice;
     }
 
     void collect(const Curve& curve) {
         m_overlaps.clear();
-        const double reach = m_scene.setting.tolerance;
-        m_scene.cutTree.each([&](const PlaneBox& box) { return mayReach(curve, box, reach); },
-                             [&](std::size_t index) {
-                                 const Cut& cut = m_scene.cuts.cuts[index];
-                                 m_parts.clear();
-                                 appendNear(curve, cut.curve, reach, Ends::Square, m_parts);
-                                 for (const Interval& part : m_parts) {
-                                     if (part.to > part.from && runsAlong(curve, cut, part)) {
-                                         m_overlaps.push_back({part, index});
-                                     }
-                                 }
-                                 return true;
-                             });
+        if (!collectAll(curve)) {
+            m_overlaps.clear();
+            m_scene.directedCuts.each(curve, [&](std::size_t index) {
+                addOverlaps(curve, index);
+                return true;
+            });
+        }
         std::sort(m_overlaps.begin(), m_overlaps.end(), [](const Overlap& a, const Overlap& b) {
             return a.part.from < b.part.from || (a.part.from == b.part.from && a.cut < b.cut);
         });
     }
 
-    void findPairs(const Curve& curve) {
+    // False: so many cross the segment that those which run along are to be looked for.
+    bool collectAll(const Curve& curve) {
+        constexpr std::size_t kMany = 256;
+        const double reach = m_scene.setting.tolerance;
+        const bool isStraight = curve.kind == Curve::Kind::Segment;
+        std::size_t seen = 0;
+        m_scene.cutTree.each([&](const PlaneBox& box) { return mayReach(curve, box, reach); },
+                             [&](std::size_t index) {
+                                 addOverlaps(curve, index);
+                                 ++seen;
+                                 return seen <= kMany || !isStraight;
+                             });
+        return seen <= kMany || !isStraight;
+    }
+
+    void addOverlaps(const Curve& curve, std::size_t index) {
+        const Cut& cut = m_scene.cuts.cuts[index];
+        m_parts.clear();
+        appendNear(curve, cut.curve, m_scene.setting.tolerance, Ends::Square, m_parts);
+        for (const Interval& part : m_parts) {
+            if (part.to > part.from && runsAlong(curve, cut, part)) {
+                m_overlaps.push_back({part, index});
+            }
+        }
+    }
+
+    // Each two cuts of a place. False: there is a crowd somewhere.
+    bool findPairs(const Curve& curve) {
         m_pairs.clear();
         m_active.clear();
         for (const Overlap& overlap : m_overlaps) {
@@ -132,8 +190,41 @@ private:
             for (const Overlap& other : m_active) {
                 judgePair(curve, overlap, other);
             }
-            if (m_active.size() < kPassesAtMost) {
-                m_active.push_back(overlap);
+            m_active.push_back(overlap);
+            if (m_active.size() > kCrowd) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    // Each two cuts of a place that follow each other in the program: where each is deeper than the
+    // one before, it is deeper than all before.
+    void findNeighbours(const Curve& curve) {
+        using Entry = std::pair<std::size_t, std::size_t>;  // cut, overlap
+        using End = std::pair<double, std::size_t>;         // parameter, overlap
+        m_pairs.clear();
+        std::set<Entry> active;
+        std::priority_queue<End, std::vector<End>, std::greater<>> ends;
+        const auto judge = [this, &curve](const Entry& a, const Entry& b) {
+            judgePair(curve, m_overlaps[a.second], m_overlaps[b.second]);
+        };
+        for (std::size_t next = 0; next < m_overlaps.size(); ++next) {
+            while (!ends.empty() && ends.top().first <= m_overlaps[next].part.from) {
+                const std::size_t ended = ends.top().second;
+                ends.pop();
+                const auto after = active.erase(active.find({m_overlaps[ended].cut, ended}));
+                if (after != active.end() && after != active.begin()) {
+                    judge(*std::prev(after), *after);
+                }
+            }
+            const auto here = active.insert({m_overlaps[next].cut, next}).first;
+            ends.push({m_overlaps[next].part.to, next});
+            if (here != active.begin()) {
+                judge(*std::prev(here), *here);
+            }
+            if (std::next(here) != active.end()) {
+                judge(*here, *std::next(here));
             }
         }
     }
@@ -161,21 +252,22 @@ private:
         };
         const double enough =
             std::min(m_scene.setting.tolerance, (part.to - part.from) * length / 2);
-        const auto isBetter = [&shared, enough](const Pair& pair, const Pair& other) {
-            if (shared(pair) >= enough && shared(other) >= enough) {
-                return pair.second < other.second;
-            }
-            return shared(pair) > shared(other);
+        const auto rank = [&shared, enough](const Pair& pair) {
+            const double capped = std::min(shared(pair), enough);
+            // Of those that cut again first, the one with the cut right before.
+            return std::make_tuple(-capped, pair.second, ~pair.first);
         };
-        const Pair* best = &m_pairs.front();
-        for (const Pair& pair : m_pairs) {
-            best = isBetter(pair, *best) ? &pair : best;
-        }
-        return *best;
+        return *std::min_element(
+            m_pairs.begin(), m_pairs.end(),
+            [&rank](const Pair& a, const Pair& b) { return rank(a) < rank(b); });
     }
 
-    void reportCurve(std::size_t index, const Curve& curve, const std::vector<Interval>& parts) {
-        const Pair& pair = tellingPair(parts.front(), lengthOf(curve));
+    void reportCurve(std::size_t index, const Curve& curve, const Twice& found) {
+        const std::vector<Interval>& parts = found.parts;
+        if (parts.empty()) {
+            return;
+        }
+        const Pair& pair = found.pair;
         const Cut& first = m_scene.cuts.cuts[pair.first];
         const Cut& second = m_scene.cuts.cuts[pair.second];
         Finding* const finding =
@@ -246,6 +338,7 @@ private:
 
     const DrawingSetting& m_scene;
     Findings& m_findings;
+    std::map<CurveKey, Twice> m_crowded;
     std::vector<Overlap> m_overlaps;
     std::vector<Overlap> m_active;
     std::vector<Interval> m_parts;

@@ -59,8 +59,12 @@ void checkDrawing(const Setting& setting, const Drawing& drawing, Heights height
         judged.tolerance /= factor;
         shapes = ShapeIndex(drawing, judged.unitsPerDrawingUnit);
     }
-    applyRules({judged, drawing, shapes, cuts, cutTree, holeTree, heights == Heights::Any},
-               findings, result);
+    const DirectedTree directed(
+        cuts.cuts.size(), [&cuts](std::size_t cut) -> const Curve& { return cuts.cuts[cut].curve; },
+        judged.tolerance, kRunsAlong);
+    applyRules(
+        {judged, drawing, shapes, cuts, cutTree, holeTree, directed, heights == Heights::Any},
+        findings, result);
 }
 
 }  // namespace gcode_check

@@ -7,8 +7,13 @@
 #include "findings/Findings.h"
 #include "findings/drawing/CutList.h"
 #include "findings/drawing/ShapeIndex.h"
+#include "geometry/DirectedTree.h"
 
 namespace gcode_check {
+
+// A cut runs along an object where it is parallel, or, as chords of an arc are, at most 30 degrees
+// off and beside the object over half of its own length.
+constexpr AlongBounds kRunsAlong{1e-3, 0.5, 0.5};
 
 // What the rules that hold a program against a drawing look at.
 struct DrawingSetting {
@@ -18,6 +23,7 @@ struct DrawingSetting {
     const CutList& cuts;
     const BoxTree& cutTree;   // of CutList::cuts
     const BoxTree& holeTree;  // of CutList::holes
+    const DirectedTree& directedCuts;
     bool anyHeight = false;
 };
 

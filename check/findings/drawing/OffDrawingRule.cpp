@@ -5,12 +5,11 @@
 #include <algorithm>
 #include <limits>
 
-#include "geometry/Near.h"
+#include "geometry/Cover.h"
 
 namespace gcode_check {
 namespace {
 
-constexpr double kGap = 1e-7;
 constexpr int kPlacesPerGap = 17;
 // When so many places were looked at, one a gap must do.
 constexpr std::size_t kPlacesAtMost = 200000;
@@ -18,7 +17,12 @@ constexpr std::size_t kPlacesAtMost = 200000;
 class OffDrawing {
 public:
     OffDrawing(const DrawingSetting& scene, Findings& findings)
-        : m_scene(scene), m_findings(findings) {}
+        : m_scene(scene),
+          m_findings(findings),
+          m_directed(
+              scene.shapes.outlines().size(),
+              [&scene](std::size_t entry) -> const Curve& { return scene.shapes.outlineAt(entry); },
+              scene.setting.tolerance, AlongBounds{}) {}
 
     void cut(const Cut& cut) {
         std::vector<Interval> gaps = gapsIn(cut.curve);
@@ -64,21 +68,10 @@ private:
     };
 
     std::vector<Interval> gapsIn(const Curve& curve) const {
-        const double reach = m_scene.setting.tolerance;
-        const double least = kGap / std::max(lengthOf(curve), kGap) + 1e-10;
-        std::vector<Interval> covered;
-        bool whole = false;
-        std::size_t judgedAt = 8;
-        m_scene.shapes.eachNear(curve, reach, [&](std::size_t target) {
-            appendNear(curve, m_scene.shapes.targets()[target].curve, reach, Ends::Round, covered);
-            whole = !covered.empty() && covered.back().from == 0 && covered.back().to == 1;
-            if (!whole && covered.size() > judgedAt) {
-                whole = gapsOf(covered, least).empty();
-                judgedAt = covered.size() * 2 + 8;
-            }
-            return !whole;
-        });
-        return whole ? std::vector<Interval>{} : gapsOf(covered, least);
+        const ShapeIndex& shapes = m_scene.shapes;
+        return Cover(curve, m_scene.setting.tolerance)
+            .gaps(shapes.outlines(), m_directed,
+                  [&shapes](std::size_t entry) -> const Curve& { return shapes.outlineAt(entry); });
     }
 
     static Point at(const Cut& cut, double t) {
@@ -152,6 +145,7 @@ private:
 
     const DrawingSetting& m_scene;
     Findings& m_findings;
+    DirectedTree m_directed;
     Run m_run;
     std::size_t m_looked = 0;
 };

@@ -25,6 +25,10 @@ public:
     const std::vector<Target>& targets() const { return m_targets; }
     bool empty() const { return m_curveTree.size() == 0; }
 
+    // The outlines of the usable ones, which have entries of their own.
+    const BoxTree& outlines() const { return m_curveTree; }
+    const Curve& outlineAt(std::size_t entry) const { return m_targets[m_curves[entry]].curve; }
+
     // Calls visit(target index) for objects that may come within reach of the curve, until it
     // gives false.
     template <typename Visit>

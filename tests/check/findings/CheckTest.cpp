@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "findings/Numbers.h"
 #include "report/JsonReport.h"
 #include "report/TextReport.h"
 
@@ -61,6 +62,58 @@ TEST(Check, CountsWhatIsBeyondTheMostOfAKind) {
     EXPECT_FALSE(hasErrors(result));
     EXPECT_NE(textReport(result).find("not-cut: 10, the first 3 of them above"), std::string::npos);
     EXPECT_NE(jsonReport(result).find("\"not-cut\": 7"), std::string::npos);
+}
+
+// So many passes along one line, each `step` deeper than the one before.
+std::string passes(int count, double step, const std::string& more = "") {
+    std::string program = kHead;
+    for (int pass = 0; pass < count; ++pass) {
+        program +=
+            "G0 X0 Y0\nG1 Z" + std::to_string(-1 - pass * step) + " F100\nG1 X9 F600\nG0 Z2\n";
+    }
+    return program + more + kTail;
+}
+
+TEST(Check, TellsOfACrowdOfCutsWhatItTellsOfAFew) {
+    Drawing drawing;
+    drawing.shapes.assign(5, lineShape({0, 0}, {9, 0}));
+    for (const int count : {3, 200}) {
+        const CheckResult result = check(passes(count, 0), {}, &drawing);
+        ASSERT_EQ(kindsOf(result), std::vector<std::string>(5, "cut-twice")) << count;
+        for (const Finding& finding : result.findings) {
+            EXPECT_EQ(finding.line, 12U) << count;
+            EXPECT_NE(finding.sentence.find("here and in line 8 already: 9 mm of 9 mm"),
+                      std::string::npos)
+                << finding.sentence;
+        }
+        EXPECT_EQ(kindsOf(check(passes(count, 0.01), {}, &drawing)), std::vector<std::string>());
+        const std::string again = "G0 X3 Y0\nG1 Z-1 F100\nG1 X5 F600\nG0 Z2\n";
+        const CheckResult last = check(passes(count, 0.01, again), {}, &drawing);
+        ASSERT_EQ(kindsOf(last), std::vector<std::string>(5, "cut-twice")) << count;
+        EXPECT_NE(last.findings.front().sentence.find(": 2 mm of 9 mm, from X3 Y0 to X5 Y0"),
+                  std::string::npos)
+            << last.findings.front().sentence;
+        EXPECT_EQ(last.findings.front().line, static_cast<std::uint32_t>(8 + 4 * count));
+    }
+}
+
+TEST(Check, ChordsOfACircleCutAgainAreCutTwiceThoughAHairIsMissingWhereTheyJoin) {
+    Drawing drawing;
+    Shape circle;
+    circle.kind = ShapeKind::Circle;
+    circle.radius = 5;
+    drawing.shapes = {circle};
+    std::string program = kHead + "G0 X5.01 Y0\nG1 Z-1 F100\nF600\n";
+    for (int turn = 0; turn < 2; ++turn) {
+        for (int chord = 1; chord <= 180; ++chord) {
+            const double angle = chord * 2 * 3.14159265358979323846 / 180;
+            program += "G1 X" + numberText(5.01 * std::cos(angle)) + " Y" +
+                       numberText(5.01 * std::sin(angle)) + "\n";
+        }
+    }
+    const CheckResult result = check(program + kTail, {}, &drawing);
+    ASSERT_EQ(kindsOf(result), std::vector<std::string>{"cut-twice"}) << textReport(result);
+    EXPECT_NEAR(result.findings.front().numbers.front().value, 31.4159, 0.01);
 }
 
 TEST(Check, APlaceNamesItsMotionAndBothCoordinates) {
