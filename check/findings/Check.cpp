@@ -127,7 +127,8 @@ CheckResult binaryResult(std::string_view program, CheckResult result, const Dra
 CheckResult check(std::string_view program, const CheckOptions& options, const Drawing* drawing) {
     CheckResult result;
     result.reading = read(program, options.machine);
-    if (isBinary(program)) {
+    // What is read to its end is a program.
+    if (result.reading.stopLine != 0 && isBinary(program)) {
         return binaryResult(program, std::move(result), drawing);
     }
     const Setting setting = settingOf(program, result.reading, options, drawing);

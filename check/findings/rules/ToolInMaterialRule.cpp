@@ -12,7 +12,9 @@ void ToolInMaterialRule::step(const Step& step) {
     if (step.isMove()) {
         moveOn(step);
         m_hasMoved = true;
-        m_last = step;
+        m_isDrilled = step.isFeed() && step.isDown();
+        m_cycle = step.motion->cycle;
+        m_line = step.line();
     } else if (step.motion->kind == MotionKind::Spindle) {
         spindle(step);
     } else if (step.motion->kind == MotionKind::ToolChange && isInMaterial(step)) {
@@ -23,7 +25,7 @@ void ToolInMaterialRule::step(const Step& step) {
 
 void ToolInMaterialRule::spindle(const Step& step) {
     const bool turns = step.motion->spindle != Spindle::Off;
-    const bool isOfCycle = m_hasMoved && m_last.motion->cycle != 0 && m_last.line() == step.line();
+    const bool isOfCycle = m_cycle != 0 && m_line == step.line();
     if (turns && m_stopped) {
         reportStop();
     } else if (!turns && m_turns && !isOfCycle && isInMaterial(step)) {
@@ -36,7 +38,7 @@ void ToolInMaterialRule::moveOn(const Step& step) {
     if (!m_stopped) {
         return;
     }
-    const bool isBored = m_last.isFeed() && m_last.isDown() && step.isUp();
+    const bool isBored = m_isDrilled && step.isUp();
     const bool isToldAsCut = step.isFeed() && step.lowest < m_setting.surface - kSame;
     if (isBored || isToldAsCut) {
         m_stopped.reset();

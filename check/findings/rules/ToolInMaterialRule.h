@@ -30,7 +30,10 @@ private:
     Findings& m_findings;
     bool m_hasMoved = false;
     bool m_turns = false;
-    Step m_last;                    // that moved
+    // Of the last move.
+    bool m_isDrilled = false;
+    std::uint8_t m_cycle = 0;
+    std::uint32_t m_line = 0;
     std::optional<Step> m_stopped;  // of which is not told yet
 };
 

@@ -74,6 +74,10 @@ void ZeroRule::step(const Step& step) {
     if (!step.isFeed() || !(step.isSideways() || step.isDown())) {
         return;
     }
+    if (!m_isChanged) {
+        return;
+    }
+    m_isChanged = false;
     if (areSame(m_now, m_last)) {
         return;
     }
@@ -86,6 +90,10 @@ void ZeroRule::step(const Step& step) {
 // Where the tool is known to stand when the next G92 comes.
 void ZeroRule::followTool(const Step& step) {
     m_hasMoved = true;
+    const bool isAllTold = m_told[0] && m_told[1] && m_told[2];
+    if (isAllTold && !step.motion->toMachinePlace) {
+        return;
+    }
     const AxisLines& known = m_setting.known;
     const std::array<std::uint32_t, 3> lines = {known.x, known.y, known.z};
     const std::array<double, 3> from = coordinatesOf(step.from);
@@ -106,6 +114,7 @@ void ZeroRule::change(const Frame& frame) {
         return;
     }
     m_changed = frame.zeroLine;
+    m_isChanged = true;
     while (m_lines.number() < m_changed && m_lines.next()) {
     }
     const ZeroWords words = zeroWordsOf(m_lines.text());

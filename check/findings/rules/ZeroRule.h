@@ -51,6 +51,7 @@ private:
     LineCursor m_lines;
     std::size_t m_frame = 0;      // the next one
     std::uint32_t m_changed = 0;  // Frame::zeroLine of the last change
+    bool m_isChanged = false;     // since the last cut
     bool m_hasMoved = false;
     std::array<Origins, 9> m_systems{};
     Origins m_shift{};  // of G52 and G92
