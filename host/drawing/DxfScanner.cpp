@@ -343,14 +343,14 @@ bool DxfScanner::goesOnAfter(long groups, const DxfRecord& record) {
 }
 
 bool DxfScanner::checkValue(const DxfGroup& group) {
-    const std::string code = " (group " + std::to_string(group.code) + ")";
+    const auto found = [&group] {
+        return quoted(group.value) + " (group " + std::to_string(group.code) + ")";
+    };
     switch (groupKind(group.code)) {
         case GroupKind::Text:
             return true;
         case GroupKind::Integer:
-            return parseInt(group.value)
-                       ? true
-                       : fail(group.line, quoted(group.value) + code, "an integer");
+            return parseInt(group.value) ? true : fail(group.line, found(), "an integer");
         case GroupKind::Real:
             break;
     }
@@ -358,7 +358,7 @@ bool DxfScanner::checkValue(const DxfGroup& group) {
     if (value && std::isfinite(*value)) {
         return true;
     }
-    return fail(group.line, quoted(group.value) + code, value ? "a finite number" : "a number");
+    return fail(group.line, found(), value ? "a finite number" : "a number");
 }
 
 }  // namespace kxdrawing
