@@ -44,6 +44,12 @@ bool hasByteOrderMark(std::string_view text) {
     return text.substr(0, 3) == "\xef\xbb\xbf";
 }
 
+// How texts were written on some old systems.
+bool hasReturnsWithin(std::string_view text) {
+    const std::size_t end = text.find_last_not_of("\r");
+    return end != std::string_view::npos && text.find('\r') < end;
+}
+
 // A word for people has three letters in a row, or is one of several.
 bool isRemark(std::string_view text) {
     std::size_t words = 0;
@@ -95,6 +101,11 @@ std::string reasonFor(const Diagnostic& diagnostic, std::string_view text) {
     if (diagnostic.line == 1 && diagnostic.column == 1 && hasByteOrderMark(text)) {
         return ": the file begins with a byte order mark, three bytes that editors do not show. "
                "Save it without one (UTF-8, not \"UTF-8 with BOM\").";
+    }
+    if (hasReturnsWithin(text)) {
+        return ": the lines of this file end with carriage returns alone, so that a controller "
+               "takes "
+               "it for one line. Save it with line feeds.";
     }
     if (isExponent(text, diagnostic.column)) {
         return ": found a number with an exponent, as very small and very large ones are written; "
@@ -201,8 +212,6 @@ constexpr CodeName kCodeNames[] = {
     {"G10", "a change of the tool table"},
     {"G33", "cutting a thread"},
     {"G38", "probing"},
-    {"G41", "tool radius compensation"},
-    {"G42", "tool radius compensation"},
     {"G70", "a code of lathes"},
     {"G71", "a code of lathes"},
     {"G72", "a code of lathes"},
@@ -256,6 +265,23 @@ Untold controlWord(std::string_view text, std::uint32_t column) {
             "To have it checked, write out the moves that it leads to"};
 }
 
+// Of codes as such the reader expects others; what is told of a mode says what it needs.
+bool isOfMode(const Diagnostic& diagnostic) {
+    return diagnostic.found.find(' ') != std::string::npos &&
+           diagnostic.found.find(" L") == std::string::npos &&
+           diagnostic.expected.find("interpreted here") == std::string::npos;
+}
+
+Untold unfollowedCode(const Diagnostic& diagnostic) {
+    if (isOfMode(diagnostic)) {
+        return {diagnostic.found + " is not followed by the check",
+                "It needs " + diagnostic.expected};
+    }
+    return {codeWords(diagnostic.found) + " is not followed by the check",
+            diagnostic.found == "M98" ? "To have it checked, write its lines in its place"
+                                      : "To have the rest checked, check a copy without it"};
+}
+
 Untold untoldOf(const Diagnostic& diagnostic, std::string_view text) {
     switch (diagnostic.rule) {
         case Rule::ControlWord:
@@ -268,10 +294,7 @@ Untold untoldOf(const Diagnostic& diagnostic, std::string_view text) {
             return {"the controller is to reckon an expression here",
                     "To have it checked, write the number in its place"};
         case Rule::NotInterpretedCode:
-            return {codeWords(diagnostic.found) + " is not followed by the check",
-                    diagnostic.found == "M98"
-                        ? "To have it checked, write its lines in its place"
-                        : "To have the rest checked, check a copy without it"};
+            return unfollowedCode(diagnostic);
         case Rule::TooManyMotions:
             return {"it has " + diagnostic.found + ", more than are followed",
                     "Look at its repeats (L) and pecks (Q)"};

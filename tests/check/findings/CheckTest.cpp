@@ -200,6 +200,15 @@ std::string sentenceOf(const std::string& program) {
     return result.findings.empty() ? "" : result.findings.front().sentence;
 }
 
+TEST(Check, SaysThatLinesEndWithCarriageReturnsAlone) {
+    EXPECT_EQ(
+        sentenceOf("G21\rG0 X1\rG0 X2\rM30\r")
+            .find(
+                "A controller stops here: the lines of this file end with carriage returns alone"),
+        0U);
+    EXPECT_EQ(sentenceOf("G21\r\nG0 X1\r\nG0 X2\r\nM30\r\n"), "");
+}
+
 TEST(Check, SaysWhyAFeedOrASpeedIsMissing) {
     const std::string cut = "G1 Z-1\nG1 X5\n" + kTail;
     const std::string rest = " What the program cuts from here on was not checked.";
@@ -242,6 +251,8 @@ TEST(Check, SaysWhatEndsItFromWhichLineOnAndWhatToDo) {
     EXPECT_EQ(foundIn("g 33.1 Z-1 K1"), "g 33.1 (cutting a thread) is not followed by the check");
     EXPECT_EQ(foundIn("M19 R5"),
               "M19 (turning the spindle to an angle) is not followed by the check");
+    EXPECT_EQ(foundIn("T4 M6 G41 D4"),
+              "G41 without a known diameter of tool 4 is not followed by the check");
     EXPECT_EQ(foundIn("M190"),
               "M190 (a command of its machine alone) is not followed by the check");
     EXPECT_EQ(foundIn("G10 L1 P1 Z1"),

@@ -16,7 +16,8 @@
 
 namespace {
 
-const std::filesystem::path kPages = std::filesystem::path(KX_SOURCE_FOLDER) / "docs/user/manual/findings";
+const std::filesystem::path kPages =
+    std::filesystem::path(KX_SOURCE_FOLDER) / "docs/user/manual/findings";
 
 std::string read(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
