@@ -6,13 +6,13 @@
 
 namespace gcode_check {
 
-void unite(std::vector<Interval>& intervals, double gap) {
+void unite(std::vector<Interval>& intervals) {
     std::sort(intervals.begin(), intervals.end(), [](const Interval& a, const Interval& b) {
         return a.from < b.from || (a.from == b.from && a.to < b.to);
     });
     std::size_t kept = 0;
     for (std::size_t next = 1; next < intervals.size(); ++next) {
-        if (intervals[next].from <= intervals[kept].to + gap) {
+        if (intervals[next].from <= intervals[kept].to) {
             intervals[kept].to = std::max(intervals[kept].to, intervals[next].to);
         } else {
             intervals[++kept] = intervals[next];
@@ -20,6 +20,26 @@ void unite(std::vector<Interval>& intervals, double gap) {
     }
     if (!intervals.empty()) {
         intervals.resize(kept + 1);
+    }
+}
+
+void joinAcross(std::vector<Interval>& united, double gap) {
+    constexpr double kMuchLonger = 10;
+    const auto width = [](const Interval& part) { return part.to - part.from; };
+    std::size_t kept = 0;
+    double lastWidth = united.empty() ? 0 : width(united.front());
+    for (std::size_t next = 1; next < united.size(); ++next) {
+        const double missing = united[next].from - united[kept].to;
+        const double shorter = std::min(lastWidth, width(united[next]));
+        lastWidth = width(united[next]);
+        if (missing <= gap && missing * kMuchLonger <= shorter) {
+            united[kept].to = united[next].to;
+        } else {
+            united[++kept] = united[next];
+        }
+    }
+    if (!united.empty()) {
+        united.resize(kept + 1);
     }
 }
 

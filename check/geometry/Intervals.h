@@ -12,8 +12,11 @@ struct Interval {
     double to = 0;
 };
 
-// Sorted and without overlap; parts that touch become one, and those at most `gap` apart.
-void unite(std::vector<Interval>& intervals, double gap = 0);
+// Sorted and without overlap; parts that touch become one.
+void unite(std::vector<Interval>& intervals);
+
+// Of united parts, those at most `gap` apart become one when both are much longer than that.
+void joinAcross(std::vector<Interval>& united, double gap);
 
 // What of 0 to 1 no interval covers, apart from gaps of at most `least`. Unites them.
 std::vector<Interval> gapsOf(std::vector<Interval>& intervals, double least);

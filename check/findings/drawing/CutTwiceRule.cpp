@@ -124,7 +124,8 @@ private:
         const double length = lengthOf(curve);
         const double tolerance = m_scene.setting.tolerance;
         // Where chords join, a hair lies beside neither.
-        unite(twice.parts, tolerance / length);
+        unite(twice.parts);
+        joinAcross(twice.parts, tolerance / length);
         const double least = std::min(kLeastInTolerances * tolerance, kNearlyAll * length);
         twice.parts.erase(std::remove_if(twice.parts.begin(), twice.parts.end(),
                                          [length, least](const Interval& part) {

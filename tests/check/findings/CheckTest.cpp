@@ -116,6 +116,24 @@ TEST(Check, ChordsOfACircleCutAgainAreCutTwiceThoughAHairIsMissingWhereTheyJoin)
     EXPECT_NEAR(result.findings.front().numbers.front().value, 31.4159, 0.01);
 }
 
+TEST(Check, TheJoinsOfVeryShortChordsAreNoSecondCut) {
+    Drawing drawing;
+    Shape circle;
+    circle.kind = ShapeKind::Circle;
+    circle.radius = 5;
+    drawing.shapes = {circle};
+    for (const double radius : {4.985, 5.0, 5.015}) {
+        std::string program = kHead + "G0 X" + numberText(radius) + " Y0\nG1 Z-1 F100\nF600\n";
+        for (int chord = 1; chord <= 4000; ++chord) {
+            const double angle = chord * 2 * 3.14159265358979323846 / 4000;
+            program += "G1 X" + numberText(radius * std::cos(angle)) + " Y" +
+                       numberText(radius * std::sin(angle)) + "\n";
+        }
+        EXPECT_EQ(kindsOf(check(program + kTail, {}, &drawing)), std::vector<std::string>())
+            << radius;
+    }
+}
+
 TEST(Check, APlaceNamesItsMotionAndBothCoordinates) {
     Drawing drawing;
     drawing.mmPerUnit = 25.4;

@@ -145,25 +145,43 @@ std::vector<LiteralTwice::Stretch> LiteralTwice::stretchesOf(const std::vector<S
 
 void LiteralTwice::addParts(const std::vector<bool>& isTwice, double length, const Bounds& bounds,
                             Found& found) const {
-    const double step = 1 / static_cast<double>(m_places);
-    for (std::size_t begin = 0; begin <= m_places; ++begin) {
-        if (!isTwice[begin]) {
+    struct Run {
+        std::size_t begin = 0;
+        std::size_t end = 0;
+    };
+    std::vector<Run> runs;
+    for (std::size_t place = 0; place <= m_places; ++place) {
+        if (!isTwice[place]) {
             continue;
         }
-        std::size_t end = begin;
-        // Up to the next place that is not, gaps that are a hair apart.
-        for (std::size_t next = begin + 1; next <= m_places; ++next) {
-            const bool joins = static_cast<double>(next - end - 1) * step * length <= bounds.reach;
-            if (isTwice[next] && joins) {
-                end = next;
-            }
+        if (place == 0 || !isTwice[place - 1]) {
+            runs.push_back({place, place});
         }
-        const Part part{static_cast<double>(begin) * step, static_cast<double>(end) * step};
-        if ((part.to - part.from) * length >= std::min(bounds.least, 0.95 * length)) {
+        runs.back().end = place;
+    }
+    const double step = 1 / static_cast<double>(m_places);
+    std::size_t shorter = 0;
+    for (std::size_t next = 0; next < runs.size(); ++next) {
+        const Part part{static_cast<double>(runs[next].begin) * step,
+                        static_cast<double>(runs[next].end) * step};
+        const std::size_t width = runs[next].end - runs[next].begin;
+        // A hair between two long ones is none.
+        const double missing = found.parts.empty() ? 1 : part.from - found.parts.back().to;
+        shorter = std::min(shorter, width);
+        if (missing * length <= bounds.reach &&
+            missing * 10 <= static_cast<double>(shorter) * step) {
+            found.parts.back().to = part.to;
+        } else {
             found.parts.push_back(part);
         }
-        begin = end;
+        shorter = width;
     }
+    found.parts.erase(std::remove_if(found.parts.begin(), found.parts.end(),
+                                     [&](const Part& part) {
+                                         return (part.to - part.from) * length <
+                                                std::min(bounds.least, 0.95 * length);
+                                     }),
+                      found.parts.end());
 }
 
 LiteralTwice::Found LiteralTwice::look(const Shape& shape, const Bounds& bounds) const {

@@ -18,6 +18,15 @@ TEST(Intervals, PartsThatTouchBecomeOne) {
     EXPECT_NEAR(widthOf(parts), 0.6, 1e-12);
 }
 
+TEST(Intervals, AHairBetweenLongPartsIsNone) {
+    std::vector<Interval> parts{{0, 0.2}, {0.201, 0.4}, {0.45, 0.6}, {0.601, 0.602}, {0.603, 0.7}};
+    gcode_check::joinAcross(parts, 0.01);
+    ASSERT_EQ(parts.size(), 4U);
+    EXPECT_EQ(parts[0].to, 0.4);
+    EXPECT_EQ(parts[1].from, 0.45);
+    EXPECT_EQ(parts[2].to, 0.602);
+}
+
 TEST(Intervals, GapsAreWhatIsLeftAndLongerThanTheLeast) {
     std::vector<Interval> parts{{0.1, 0.5}, {0.5001, 0.9}};
     const std::vector<Interval> gaps = gcode_check::gapsOf(parts, 0.001);
