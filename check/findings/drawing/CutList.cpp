@@ -66,9 +66,12 @@ private:
             return;
         }
         const bool isOfCycle = step.motion->cycle != 0;
-        // Pecks go deeper. Who has come out and goes down as far again drills again.
-        const bool isAgain = m_isOut && below && !isOfCycle && step.to.z >= m_hole.bottom - kSame;
-        if (m_hasHole && (isAgain || isOfCycle != m_hole.inCycle)) {
+        // Pecks go deeper. Who has come out and goes down as far again, or comes from a cut, drills
+        // a hole of its own.
+        const bool isAgain = m_isOut && below && !isOfCycle &&
+                             (m_hasCut || (m_hasHole && step.to.z >= m_hole.bottom - kSame));
+        const bool isOther = m_hasHole ? isOfCycle != m_hole.inCycle : isOfCycle && m_hasCut;
+        if (isOther || isAgain) {
             endVisit();
         }
         m_isOut = false;
