@@ -42,6 +42,30 @@ std::vector<std::uint64_t> keysOf(const std::vector<PlaneBox>& boxes) {
     return keys;
 }
 
+// The keys have 40 bits, which are sorted by 14 at a time, the lowest first; equal ones keep their
+// order.
+void sortByKey(const std::vector<std::uint64_t>& keys, std::vector<std::uint32_t>& order) {
+    constexpr unsigned kBits = 14;
+    constexpr std::uint64_t kMask = (1U << kBits) - 1;
+    if (order.size() < 1024) {
+        std::stable_sort(order.begin(), order.end(),
+                         [&keys](std::uint32_t a, std::uint32_t b) { return keys[a] < keys[b]; });
+        return;
+    }
+    std::vector<std::uint32_t> next(order.size());
+    for (unsigned shift = 0; shift < 40; shift += kBits) {
+        std::vector<std::uint32_t> begin(kMask + 2);
+        for (const std::uint64_t key : keys) {
+            ++begin[(key >> shift & kMask) + 1];
+        }
+        std::partial_sum(begin.begin(), begin.end(), begin.begin());
+        for (const std::uint32_t index : order) {
+            next[begin[keys[index] >> shift & kMask]++] = index;
+        }
+        order.swap(next);
+    }
+}
+
 }  // namespace
 
 BoxTree::BoxTree(const std::vector<PlaneBox>& boxes) {
@@ -51,9 +75,7 @@ BoxTree::BoxTree(const std::vector<PlaneBox>& boxes) {
     const std::vector<std::uint64_t> keys = keysOf(boxes);
     m_order.resize(boxes.size());
     std::iota(m_order.begin(), m_order.end(), 0U);
-    std::sort(m_order.begin(), m_order.end(), [&keys](std::uint32_t a, std::uint32_t b) {
-        return keys[a] < keys[b] || (keys[a] == keys[b] && a < b);
-    });
+    sortByKey(keys, m_order);
     std::vector<PlaneBox> level;
     level.reserve(boxes.size());
     for (const std::uint32_t index : m_order) {

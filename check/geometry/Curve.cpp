@@ -95,8 +95,10 @@ bool circleReaches(const Curve& arc, const PlaneBox& box, double reach) {
     const double farX = std::max(std::abs(box.minX - x), std::abs(box.maxX - x));
     const double farY = std::max(std::abs(box.minY - y), std::abs(box.maxY - y));
     const double slack = 1e-12 * (arc.radius + farX + farY);
-    return std::hypot(nearX, nearY) <= arc.radius + reach + slack &&
-           std::hypot(farX, farY) >= arc.radius - reach - slack;
+    const double most = arc.radius + reach + slack;
+    const double least = std::max(arc.radius - reach - slack, 0.0);
+    return nearX * nearX + nearY * nearY <= most * most &&
+           farX * farX + farY * farY >= least * least;
 }
 
 bool boxesMeet(const PlaneBox& a, const PlaneBox& b, double reach) {

@@ -151,13 +151,88 @@ bool isNear(const Curve& other, const PlanePoint& place, double reach, Ends ends
     return distance(other, place) <= reach;
 }
 
+// Whether a segment stays between two circles around the arc, and within the arc's ends.
+bool staysNearArc(const Curve& segment, const Curve& arc, double reach) {
+    const double dx = segment.b.x - segment.a.x;
+    const double dy = segment.b.y - segment.a.y;
+    const PlanePoint a{segment.a.x - arc.centre.x, segment.a.y - arc.centre.y};
+    const PlanePoint b{segment.b.x - arc.centre.x, segment.b.y - arc.centre.y};
+    const double most = arc.radius + reach;
+    const double least = arc.radius - reach;
+    const double squareA = a.x * a.x + a.y * a.y;
+    const double squareB = b.x * b.x + b.y * b.y;
+    if (!(least > 0) || squareA > most * most || squareB > most * most || squareA < least * least ||
+        squareB < least * least) {
+        return false;
+    }
+    const double square = dx * dx + dy * dy;
+    const double foot = -(a.x * dx + a.y * dy);
+    if (foot > 0 && foot < square) {
+        const double across = a.x * dy - a.y * dx;
+        if (across * across < least * least * square) {
+            return false;
+        }
+    }
+    if (arc.sweep >= 2 * kPi) {
+        return true;
+    }
+    const double from = parameterOf(arc, segment.a);
+    const double to = parameterOf(arc, segment.b);
+    // Otherwise it goes the other way round, through the arc's opening.
+    return from >= 0 && from <= 1 && to >= 0 && to <= 1 && std::abs(to - from) * arc.sweep < kPi;
+}
+
 // What is within reach of a segment or point is convex: a segment with both ends in it lies in it.
 bool whollyNear(const Curve& curve, const Curve& other, double reach, Ends ends) {
-    return curve.kind == Curve::Kind::Segment && other.kind != Curve::Kind::Arc &&
-           isNear(other, curve.a, reach, ends) && isNear(other, curve.b, reach, ends);
+    if (curve.kind != Curve::Kind::Segment) {
+        return false;
+    }
+    if (other.kind == Curve::Kind::Arc) {
+        return staysNearArc(curve, other, reach);
+    }
+    return isNear(other, curve.a, reach, ends) && isNear(other, curve.b, reach, ends);
+}
+
+// The angle at the arc's centre by which what lies square beside the end of a segment may be off
+// the end itself. Below 0: it can't be told easily.
+double slackAt(const Curve& arc, const PlanePoint& end, const PlanePoint& along) {
+    const PlanePoint out{end.x - arc.centre.x, end.y - arc.centre.y};
+    const double radius = std::sqrt(out.x * out.x + out.y * out.y);
+    const double sine = std::abs(out.x * along.x + out.y * along.y) / radius;
+    const double off = std::abs(radius - arc.radius);
+    if (sine > 0.5 || off > 0.1 * arc.radius) {
+        return -1;
+    }
+    return 1.5 * off * sine / arc.radius + 1e-9;
 }
 
 }  // namespace
+
+std::optional<Beside> besideSegment(const Curve& arc, const Curve& segment, double reach) {
+    if (segment.kind != Curve::Kind::Segment || arc.kind != Curve::Kind::Arc ||
+        !staysNearArc(segment, arc, reach)) {
+        return std::nullopt;
+    }
+    const PlanePoint along = directionAt(segment, 0);
+    const double before = slackAt(arc, segment.a, along);
+    const double behind = slackAt(arc, segment.b, along);
+    if (before < 0 || behind < 0) {
+        return std::nullopt;
+    }
+    Beside beside;
+    beside.slack = std::max(before, behind) / arc.sweep;
+    const double a = std::clamp(parameterOf(arc, segment.a), 0.0, 1.0);
+    const double b = std::clamp(parameterOf(arc, segment.b), 0.0, 1.0);
+    if (std::abs(a - b) * arc.sweep < kPi) {
+        beside.parts[0] = {std::min(a, b), std::max(a, b)};
+        beside.count = 1;
+    } else {
+        // Over the begin of a full turn.
+        beside.parts = {Interval{0, std::min(a, b)}, Interval{std::max(a, b), 1}};
+        beside.count = 2;
+    }
+    return beside;
+}
 
 void appendNear(const Curve& curve, const Curve& other, double reach, Ends ends,
                 std::vector<Interval>& parts) {

@@ -7,6 +7,7 @@
 namespace gcode_check {
 namespace {
 
+constexpr std::size_t kMostReserved = std::size_t{1} << 22U;
 constexpr int kChordsPerTurn = 64;
 constexpr double kSpiralStep = 0.05;  // of the tolerance
 constexpr int kSpiralArcsAtMost = 1000;
@@ -17,7 +18,10 @@ PlanePoint flat(const Point& place) {
 
 class Collector {
 public:
-    Collector(const Setting& setting, Heights heights) : m_setting(setting), m_heights(heights) {}
+    Collector(const Setting& setting, Heights heights) : m_setting(setting), m_heights(heights) {
+        // Growing would copy all of them, and the pages that are not needed are never touched.
+        m_list.cuts.reserve(std::min(setting.reading.motions.size(), kMostReserved));
+    }
 
     // The drawing is the contour that was programmed, also where the tool's centre goes beside it.
     void step(const Step& asDone) {

@@ -101,6 +101,9 @@ private:
             reportCurve(index, curve, known->second);
             return;
         }
+        if (curve.kind == Curve::Kind::Arc && isFollowedOnce(curve)) {
+            return;
+        }
         collect(curve);
         if (m_overlaps.size() < 2) {
             return;
@@ -116,6 +119,37 @@ private:
         }
     }
 
+    // Whether the chords along an arc can't lie upon each other for long enough: together they are
+    // hardly longer than what they cover.
+    bool isFollowedOnce(const Curve& curve) {
+        const double reach = m_scene.setting.tolerance;
+        bool isPlain = true;
+        m_parts.clear();
+        m_scene.cutTree.each(
+            [&](const PlaneBox& box) { return mayReach(curve, box, reach); },
+            [&](std::size_t index) {
+                const auto beside = besideSegment(curve, m_scene.cuts.cuts[index].curve, reach);
+                isPlain = beside.has_value();
+                for (std::size_t part = 0; isPlain && part < beside->count; ++part) {
+                    const Interval& exact = beside->parts[part];
+                    m_parts.push_back({exact.from - beside->slack, exact.to + beside->slack});
+                }
+                return isPlain;
+            });
+        if (!isPlain) {
+            return false;
+        }
+        const double together = widthOf(m_parts);
+        unite(m_parts);
+        const double length = lengthOf(curve);
+        // Joined across hairs, what is twice is at most a fifth longer.
+        return (together - widthOf(m_parts)) * length * 1.2 < leastFor(length);
+    }
+
+    double leastFor(double length) const {
+        return std::min(kLeastInTolerances * m_scene.setting.tolerance, kNearlyAll * length);
+    }
+
     Twice twiceOf(const Curve& curve) const {
         Twice twice;
         for (const Pair& pair : m_pairs) {
@@ -126,7 +160,7 @@ private:
         // Where chords join, a hair lies beside neither.
         unite(twice.parts);
         joinAcross(twice.parts, tolerance / length);
-        const double least = std::min(kLeastInTolerances * tolerance, kNearlyAll * length);
+        const double least = leastFor(length);
         twice.parts.erase(std::remove_if(twice.parts.begin(), twice.parts.end(),
                                          [length, least](const Interval& part) {
                                              return (part.to - part.from) * length < least;

@@ -67,11 +67,24 @@ private:
         Point to;
     };
 
-    std::vector<Interval> gapsIn(const Curve& curve) const {
+    std::vector<Interval> gapsIn(const Curve& curve) {
         const ShapeIndex& shapes = m_scene.shapes;
+        // Cuts in a row mostly follow one object.
+        if (m_last < shapes.outlines().size() && isOn(curve, shapes.outlineAt(m_last))) {
+            return {};
+        }
+        const auto outlineAt = [this, &shapes](std::size_t entry) -> const Curve& {
+            m_last = entry;
+            return shapes.outlineAt(entry);
+        };
         return Cover(curve, m_scene.setting.tolerance)
-            .gaps(shapes.outlines(), m_directed,
-                  [&shapes](std::size_t entry) -> const Curve& { return shapes.outlineAt(entry); });
+            .gaps(shapes.outlines(), m_directed, outlineAt);
+    }
+
+    bool isOn(const Curve& curve, const Curve& outline) {
+        m_parts.clear();
+        appendNear(curve, outline, m_scene.setting.tolerance, Ends::Round, m_parts);
+        return m_parts.size() == 1 && m_parts.front().from == 0 && m_parts.front().to == 1;
     }
 
     static Point at(const Cut& cut, double t) {
@@ -147,6 +160,8 @@ private:
     Findings& m_findings;
     DirectedTree m_directed;
     Run m_run;
+    std::vector<Interval> m_parts;
+    std::size_t m_last = 0;  // entry that a cut was held against
     std::size_t m_looked = 0;
 };
 

@@ -113,5 +113,48 @@ TEST(Near, ABoxThatACurveReachesIsNeverLeftOut) {
     }
 }
 
+TEST(Near, WhatASegmentAlongAnArcIsBesideLiesBetweenWhatItSaysAndItsSlack) {
+    constexpr double kWide = 0.05;
+    Random random(11);
+    const auto within = [](const Interval& part, const std::vector<Interval>& parts, double slack) {
+        return std::any_of(parts.begin(), parts.end(), [&](const Interval& other) {
+            return part.from >= other.from - slack - 1e-9 && part.to <= other.to + slack + 1e-9;
+        });
+    };
+    int along = 0;
+    for (int round = 0; round < 20000; ++round) {
+        const double sweep = random.below(3) == 0 ? 2 * kPi : random.between(0.2, 6);
+        const Curve arc = arcCurve({random.between(-1, 1), random.between(-1, 1)},
+                                   random.between(0.3, 5), random.between(0, 6), sweep);
+        const auto place = [&](double t) {
+            const PlanePoint on = pointAt(arc, t);
+            return PlanePoint{on.x + random.between(-0.06, 0.06),
+                              on.y + random.between(-0.06, 0.06)};
+        };
+        const double t = random.between(-0.1, 1.1);
+        const Curve chord = segmentCurve(place(t), place(t + random.between(-0.1, 0.1)));
+        const auto beside = besideSegment(arc, chord, kWide);
+        if (!beside) {
+            continue;
+        }
+        ++along;
+        const std::vector<Interval> found(beside->parts.begin(),
+                                          beside->parts.begin() + beside->count);
+        std::vector<Interval> near;
+        appendNear(arc, chord, kWide, Ends::Round, near);
+        std::vector<Interval> square;
+        appendNear(arc, chord, kWide, Ends::Square, square);
+        for (const Interval& part : found) {
+            EXPECT_TRUE(within(part, near, 0)) << round;
+        }
+        for (const Interval& part : square) {
+            // Across the begin of a full turn lies no more than the slack.
+            const bool isHair = part.to - part.from <= beside->slack + 1e-9;
+            EXPECT_TRUE(isHair || within(part, found, beside->slack)) << round;
+        }
+    }
+    EXPECT_GT(along, 3000);
+}
+
 }  // namespace
 }  // namespace gcode_check
