@@ -361,6 +361,17 @@ TEST_F(Check, SeesThatAKnownUnitOfTheDrawingIsNotThePrograms) {
     EXPECT_FALSE(has(unknown.messages, "[units-differ]")) << unknown.messages.constData();
 }
 
+TEST_F(Check, AProgramThatIsNotFollowedDoesNotPass) {
+    const QByteArray moves = "G21 G90\nG0 X0 Y0 Z5\nG0 Z50\nM30\n";
+    EXPECT_EQ(check({m_work.write("numbered.nc", moves)}).code, 0);
+    const CommandRun run = check({m_work.write("numbered.nc", "O1234\n" + moves)});
+    EXPECT_EQ(run.code, 5);
+    EXPECT_TRUE(has(run.output, "error: The check ends here: O1234 is the number of the program"))
+        << run.output.constData();
+    EXPECT_TRUE(has(run.output, "From line 1 of 5 on nothing was checked."))
+        << run.output.constData();
+}
+
 TEST_F(Check, NamesWhatCantBeRead) {
     const QString program = programOf(m_drawing);
     const CommandRun none = check({m_work.path("none.nc")});

@@ -183,8 +183,17 @@ std::size_t endOfName(std::string_view text, std::uint32_t column) {
     return end;
 }
 
+// What can be shown of it.
 std::string nameAt(std::string_view text, std::uint32_t column) {
-    return trimmed(std::string(text.substr(column - 1, endOfName(text, column) + 1 - column)));
+    constexpr std::size_t kShown = 40;
+    std::string name(text.substr(column - 1, endOfName(text, column) + 1 - column));
+    name = trimmed(std::move(name));
+    if (name.size() > kShown) {
+        name = name.substr(0, kShown) + "...";
+    }
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+    return name;
 }
 
 // "call", "sub", "if"

@@ -263,6 +263,11 @@ TEST(Check, SaysWhatEndsItFromWhichLineOnAndWhatToDo) {
               "o<a b> call belongs to a subroutine, a loop or a condition (an O word)");
     EXPECT_EQ(foundIn("#<depth>=3"),
               "#<depth> is a parameter, whose value only the controller knows");
+    EXPECT_EQ(foundIn("#<\x1b[1m\xff>=3"),
+              "#<?[1m?> is a parameter, whose value only the controller knows");
+    EXPECT_EQ(
+        foundIn("#<" + std::string(200, 'a') + ">=3"),
+        "#<" + std::string(38, 'a') + "... is a parameter, whose value only the controller knows");
     EXPECT_EQ(foundIn("G0 X#12"), "#12 is a parameter, whose value only the controller knows");
     EXPECT_EQ(foundIn("G0 X[1+2]"), "the controller is to reckon an expression here");
     EXPECT_EQ(foundIn("G84 Z-1 R2"), "G84 (tapping) is not followed by the check");
