@@ -202,13 +202,14 @@ std::optional<AxisPair> meetingPoint(const ProgrammedPath& before, const Program
     return (*both)[turn > 0 ? 0 : 1];
 }
 
-bool isTurnedRound(const ProgrammedPath& path, const AxisPair& from, const AxisPair& to) {
+bool isTurnedRound(const ProgrammedPath& path, const AxisPair& from, const AxisPair& to,
+                   double arcTolerance) {
     if (!path.isArc) {
         return dot(to - from, path.end - path.start) < 0;
     }
     const double programmed = sweepOf(path, path.start, path.end);
     const bool isFull = programmed == 0;
-    return !isFull && sweepOf(path, from, to) > programmed + kNoTurn;
+    return !isFull && sweepOf(path, from, to) > programmed + arcTolerance;
 }
 
 std::optional<AxisPair> entryCentre(const ProgrammedPath& path, double left) {

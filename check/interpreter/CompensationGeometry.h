@@ -48,9 +48,11 @@ AxisPair besideEnd(const ProgrammedPath& path, double left);
 Corner cornerOf(const ProgrammedPath& before, const ProgrammedPath& after, double left);
 // Of a concave corner: where the tool touches both paths. None: there it does not fit in.
 std::optional<AxisPair> meetingPoint(const ProgrammedPath& before, const ProgrammedPath& after,
-                                       double left);
-// From `from` to `to`, both beside the path: is that the other way than the programmed one?
-bool isTurnedRound(const ProgrammedPath& path, const AxisPair& from, const AxisPair& to);
+                                     double left);
+// From `from` to `to`, both beside the path: is that the other way than the programmed one? An arc
+// may go further than programmed by so many radians.
+bool isTurnedRound(const ProgrammedPath& path, const AxisPair& from, const AxisPair& to,
+                   double arcTolerance);
 
 // The centre of the arc that begins where `path` begins and ends beside its end, in its direction.
 // None: such an arc would turn the other way.

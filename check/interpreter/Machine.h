@@ -115,9 +115,11 @@ private:
     bool leavesByArc(std::uint32_t column, Fault& fault) const;
     bool compensated(const Block& block, Motion& motion, const Axes& to, ProgrammedPath path,
                      Fault& fault);
-    bool enter(std::uint32_t column, Motion& motion, const Axes& to, ProgrammedPath& path, Fault& fault);
+    bool enter(std::uint32_t column, Motion& motion, const Axes& to, ProgrammedPath& path,
+               Fault& fault);
     bool follow(Motion& motion, const Axes& to, const ProgrammedPath& path, Fault& fault);
-    bool turnCorner(std::uint32_t column, const Motion& after, const ProgrammedPath& path, Fault& fault);
+    bool turnCorner(std::uint32_t column, const Motion& after, const ProgrammedPath& path,
+                    Fault& fault);
     bool turnInside(std::uint32_t column, const ProgrammedPath& path, Fault& fault);
     bool goRoundCorner(const Motion& after, const ProgrammedPath& path, Fault& fault);
     bool settleForStop(std::uint32_t column, Fault& fault);

@@ -24,6 +24,10 @@ const PlaneIndices& planeIndices(Plane plane) {
 
 // D may be off by this much from a tool's number.
 constexpr double kNumberTolerance = 0.0001;
+// So many radians an arc may be longer than programmed, because the move before it ended early: a
+// controller takes a length for it, and so the unit counts.
+constexpr double kLongerArcMm = 0.0254;
+constexpr double kLongerArcInches = 0.001;
 
 std::uint32_t columnOfMove(const Block& block) {
     return block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
@@ -340,7 +344,8 @@ bool Machine::settle(std::uint32_t column, Fault& fault) {
     if (!state.hasPending) {
         return true;
     }
-    if (!state.isUnchecked && isTurnedRound(state.path, state.from, state.to)) {
+    const double tolerance = m_isInches ? kLongerArcInches : kLongerArcMm;
+    if (!state.isUnchecked && isTurnedRound(state.path, state.from, state.to, tolerance)) {
         const std::uint32_t line = m_reading.motions[state.pending].line;
         return reject(fault, Rule::CompensationGouge, column,
                       "line " + std::to_string(line) + " is too short for the tool",

@@ -133,14 +133,14 @@ TEST(CompensationGeometry, ATooLargeToolHasNoPlaceBetweenALineAndAnArc) {
 }
 
 TEST(CompensationGeometry, AMoveIsTurnedRoundWhenItsEndsPassedEachOther) {
-    EXPECT_FALSE(isTurnedRound(kArriving, {-95, 5}, {-5, 5}));
-    EXPECT_FALSE(isTurnedRound(kArriving, {-5, 5}, {-5, 5}));
-    EXPECT_TRUE(isTurnedRound(kArriving, {-5, 5}, {-95, 5}));
+    EXPECT_FALSE(isTurnedRound(kArriving, {-95, 5}, {-5, 5}, 0.01));
+    EXPECT_FALSE(isTurnedRound(kArriving, {-5, 5}, {-5, 5}, 0.01));
+    EXPECT_TRUE(isTurnedRound(kArriving, {-5, 5}, {-95, 5}, 0.01));
     const ProgrammedPath quarter = arc({20, 0}, {0, 20}, {0, 0}, false);
-    EXPECT_FALSE(isTurnedRound(quarter, {15, 0}, {0, 15}));
-    EXPECT_TRUE(isTurnedRound(quarter, {0, 15}, {15, 0}));
+    EXPECT_FALSE(isTurnedRound(quarter, {15, 0}, {0, 15}, 0.01));
+    EXPECT_TRUE(isTurnedRound(quarter, {0, 15}, {15, 0}, 0.01));
     const ProgrammedPath full = arc({20, 0}, {20, 0}, {0, 0}, false);
-    EXPECT_FALSE(isTurnedRound(full, {15, 0}, {15, 0}));
+    EXPECT_FALSE(isTurnedRound(full, {15, 0}, {15, 0}, 0.01));
 }
 
 TEST(CompensationGeometry, TheFirstArcEndsBesideItsEndInItsDirection) {
