@@ -1,21 +1,14 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: MIT
 #include <benchmark/benchmark.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 #include <array>
 #include <charconv>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "ContourProgram.h"
 #include "interpreter/Interpreter.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -77,50 +70,12 @@ void bareScan(benchmark::State& state) {
     report(state, text);
 }
 
-double secondsOfChildren() {
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-/// The whole process: it starts, reads the file, and prints what it does, which goes nowhere.
-void rs274(benchmark::State& state) {
-    const fs::path judge = KX_JUDGE;
-    if (!fs::exists(judge / "bin/rs274")) {
-        state.SkipWithError("no rs274: tools/fetch-linuxcnc-programs brings it");
-        return;
-    }
-    const std::string& text = programOf(static_cast<std::size_t>(state.range(0)));
-    const fs::path folder = fs::temp_directory_path() / ("rs274-" + std::to_string(getpid()));
-    fs::create_directories(folder);
-    std::ofstream(folder / "program.ngc", std::ios::binary) << text;
-    std::ofstream(folder / "tools.tbl") << "T1 P1 Z1 D1 ;\n";
-    const std::string command = "cd '" + folder.string() + "' && HOME=\"$PWD\" LD_LIBRARY_PATH='" +
-                                (judge / "lib").string() + "' '" + (judge / "bin/rs274").string() +
-                                "' -g -t tools.tbl program.ngc >/dev/null 2>&1";
-    for (auto _ : state) {
-        const double before = secondsOfChildren();
-        if (std::system(command.c_str()) != 0) {
-            state.SkipWithError("rs274 does not take the program");
-            break;
-        }
-        state.SetIterationTime(secondsOfChildren() - before);
-    }
-    std::error_code ignored;
-    fs::remove_all(folder, ignored);
-    report(state, text);
-}
-
 void sizes(benchmark::internal::Benchmark* subject) {
     subject->Arg(kMillion / 10)->Arg(kMillion)->Unit(benchmark::kMillisecond);
 }
 
 BENCHMARK(interpreter)->Apply(sizes);
 BENCHMARK(bareScan)->Apply(sizes);
-BENCHMARK(rs274)->Apply(sizes)->UseManualTime()->Iterations(1);
 
 }  // namespace
 

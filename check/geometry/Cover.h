@@ -23,9 +23,6 @@ public:
                                CurveAt&& curveAt) {
         constexpr std::size_t kMany = 64;
         const bool isStraight = m_curve.kind == Curve::Kind::Segment;
-        if (m_curve.kind == Curve::Kind::Arc && isFollowed(tree, curveAt)) {
-            return {};
-        }
         if (!look(tree, curveAt, isStraight ? kMany : tree.size())) {
             bool isCovered = false;
             directed.each(m_curve, [&](std::size_t index) {
@@ -39,27 +36,10 @@ public:
         return gapsOf(m_covered, m_least);
     }
 
-private:
-    // Whether chords, or one arc, lie all along the arc.
-    template <typename CurveAt>
-    bool isFollowed(const BoxTree& tree, CurveAt& curveAt) {
-        bool whole = false;
-        tree.each([&](const PlaneBox& box) { return mayReach(m_curve, box, m_reach); },
-                  [&](std::size_t index) {
-                      const Curve& other = curveAt(index);
-                      if (other.kind == Curve::Kind::Segment) {
-                          if (const auto beside = besideSegment(m_curve, other, m_reach)) {
-                              m_covered.insert(m_covered.end(), beside->parts.begin(),
-                                               beside->parts.begin() + beside->count);
-                          }
-                          return true;
-                      }
-                      whole = add(other);
-                      return !whole;
-                  });
-        return whole || covers();
-    }
+    // Whether the parts leave no gap; unites them.
+    static bool isWhole(const Curve& curve, std::vector<Interval>& parts);
 
+private:
     // Whether it covers all by itself.
     bool add(const Curve& other) {
         appendNear(m_curve, other, m_reach, Ends::Round, m_covered);

@@ -87,8 +87,7 @@ std::vector<Interval> uncutParts(const DrawingSetting& scene, const Target& targ
               [&cuts](std::size_t cut) -> const Curve& { return cuts[cut].curve; });
 }
 
-std::size_t findUncut(const DrawingSetting& scene, const std::vector<bool>& explained,
-                      Findings& findings) {
+std::size_t findUncut(const DrawingSetting& scene, const KnownObjects& known, Findings& findings) {
     std::size_t cut = 0;
     const std::vector<Target>& targets = scene.shapes.targets();
     for (std::size_t index = 0; index < targets.size(); ++index) {
@@ -96,10 +95,14 @@ std::size_t findUncut(const DrawingSetting& scene, const std::vector<bool>& expl
             reportUnusable(scene, index, findings);
             continue;
         }
+        if (known.followed[index]) {
+            ++cut;
+            continue;
+        }
         const std::vector<Interval> gaps = uncutParts(scene, targets[index]);
         if (gaps.empty()) {
             ++cut;
-        } else if (!explained[index]) {
+        } else if (!known.explained[index]) {
             for (const Interval& gap : gaps) {
                 report(scene, index, gap, findings);
             }

@@ -12,7 +12,7 @@
 #include <set>
 #include <tuple>
 
-#include "geometry/Near.h"
+#include "geometry/Cover.h"
 
 namespace gcode_check {
 namespace {
@@ -80,8 +80,8 @@ double heightBeside(const Cut& cut, const PlanePoint& place) {
 
 class CutTwice {
 public:
-    CutTwice(const DrawingSetting& scene, Findings& findings)
-        : m_scene(scene), m_findings(findings) {}
+    CutTwice(const DrawingSetting& scene, std::vector<bool>& followed, Findings& findings)
+        : m_scene(scene), m_followed(followed), m_findings(findings) {}
 
     void judge(std::size_t index) {
         const Target& target = m_scene.shapes.targets()[index];
@@ -101,7 +101,7 @@ private:
             reportCurve(index, curve, known->second);
             return;
         }
-        if (curve.kind == Curve::Kind::Arc && isFollowedOnce(curve)) {
+        if (curve.kind == Curve::Kind::Arc && isFollowedOnce(index, curve)) {
             return;
         }
         collect(curve);
@@ -119,31 +119,29 @@ private:
         }
     }
 
-    // Whether the chords along an arc can't lie upon each other for long enough: together they are
-    // hardly longer than what they cover.
-    bool isFollowedOnce(const Curve& curve) {
+    // Whether what the arc is cut by is chords that can't lie upon each other for long enough:
+    // together they are hardly longer than what they cover.
+    bool isFollowedOnce(std::size_t target, const Curve& curve) {
         const double reach = m_scene.setting.tolerance;
         bool isPlain = true;
+        double together = 0;
         m_parts.clear();
         m_scene.cutTree.each(
             [&](const PlaneBox& box) { return mayReach(curve, box, reach); },
             [&](std::size_t index) {
                 const auto beside = besideSegment(curve, m_scene.cuts.cuts[index].curve, reach);
-                isPlain = beside.has_value();
-                for (std::size_t part = 0; isPlain && part < beside->count; ++part) {
-                    const Interval& exact = beside->parts[part];
-                    m_parts.push_back({exact.from - beside->slack, exact.to + beside->slack});
+                isPlain = isPlain && beside.has_value();
+                for (std::size_t part = 0; beside && part < beside->count; ++part) {
+                    m_parts.push_back(beside->parts[part]);
+                    together += 2 * beside->slack;
                 }
-                return isPlain;
+                return true;
             });
-        if (!isPlain) {
-            return false;
-        }
-        const double together = widthOf(m_parts);
-        unite(m_parts);
+        together += widthOf(m_parts);
         const double length = lengthOf(curve);
+        m_followed[target] = Cover::isWhole(curve, m_parts);
         // Joined across hairs, what is twice is at most a fifth longer.
-        return (together - widthOf(m_parts)) * length * 1.2 < leastFor(length);
+        return isPlain && (together - widthOf(m_parts)) * length * 1.2 < leastFor(length);
     }
 
     double leastFor(double length) const {
@@ -372,6 +370,7 @@ private:
     }
 
     const DrawingSetting& m_scene;
+    std::vector<bool>& m_followed;
     Findings& m_findings;
     std::map<CurveKey, Twice> m_crowded;
     std::vector<Overlap> m_overlaps;
@@ -382,8 +381,8 @@ private:
 
 }  // namespace
 
-void findCutTwice(const DrawingSetting& scene, Findings& findings) {
-    CutTwice rule(scene, findings);
+void findCutTwice(const DrawingSetting& scene, std::vector<bool>& followed, Findings& findings) {
+    CutTwice rule(scene, followed, findings);
     const std::vector<Target>& targets = scene.shapes.targets();
     for (std::size_t index = 0; index < targets.size(); ++index) {
         if (targets[index].usable) {

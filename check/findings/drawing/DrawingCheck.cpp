@@ -33,13 +33,14 @@ void applyRules(const DrawingSetting& scene, Findings& findings, CheckResult& re
     std::vector<bool> explained(scene.drawing.shapes.size(), false);
     findOffDrawing(scene, findings);
     findOffCentre(scene, explained, findings);
-    findCutTwice(scene, findings);
+    std::vector<bool> followed(scene.drawing.shapes.size(), false);
+    findCutTwice(scene, followed, findings);
     // What is missing in a program that stops early is the stop's fault.
     if (!scene.setting.moreBehind) {
         result.coverageJudged = true;
-        const std::size_t followed = findUncut(scene, explained, findings);
+        const std::size_t cut = findUncut(scene, {explained, followed}, findings);
         // What the tool follows above the surface is not cut.
-        result.shapesCut = findings.has(FindingKind::DepthZero) ? 0 : followed;
+        result.shapesCut = findings.has(FindingKind::DepthZero) ? 0 : cut;
     }
 }
 
