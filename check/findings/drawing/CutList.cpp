@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::size_t kMostReserved = std::size_t{1} << 22U;
 constexpr int kChordsPerTurn = 64;
-constexpr double kSpiralStep = 0.05;  // of the tolerance
+constexpr int kChordsAtMost = 200000;  // of one arc, however often it turns
+constexpr double kSpiralStep = 0.05;   // of the tolerance
 constexpr int kSpiralArcsAtMost = 1000;
 
 PlanePoint flat(const Point& place) {
@@ -135,8 +136,7 @@ private:
         const ArcSpan span = spanOf(step);
         const double spiral = std::abs(span.endRadius - span.radius);
         if (step.motion->plane != Plane::XY) {
-            const double turns = std::abs(span.sweep) / (2 * kPi);
-            chords(step, span, std::max(1, static_cast<int>(std::ceil(turns * kChordsPerTurn))));
+            uprightArc(step, span);
             return;
         }
         const double parts = std::ceil(spiral / (kSpiralStep * m_setting.tolerance));
@@ -148,13 +148,59 @@ private:
         }
     }
 
-    void chords(const Step& step, const ArcSpan& span, int count) {
-        Point before = step.from;
+    // In G18 and G19: chords that leave the arc by a part of the tolerance, with their ends where
+    // it goes through the surface, so that what cuts begins and ends exactly.
+    void uprightArc(const Step& step, const ArcSpan& span) {
+        const double off = kSpiralStep * m_setting.tolerance;
+        const double radius = std::max(span.radius, span.endRadius);
+        const double half = std::acos(std::clamp(1 - off / radius, -1.0, 1.0));
+        const double wanted = std::ceil(std::abs(span.sweep) / (2 * std::max(half, 1e-9)));
+        const double least = std::ceil(std::abs(span.sweep) / (2 * kPi) * kChordsPerTurn);
+        const auto count =
+            static_cast<int>(std::min<double>(std::max({wanted, least, 1.0}), kChordsAtMost));
+        double before = 0;
         for (int part = 1; part <= count; ++part) {
-            const Point next = pointOn(step, span, static_cast<double>(part) / count);
-            segment(step, before, next);
+            const double next = static_cast<double>(part) / count;
+            const double turning = turningBetween(step, span, before, next);
+            toSurface(step, span, before, turning);
+            toSurface(step, span, turning, next);
             before = next;
         }
+    }
+
+    // Where the arc stops sinking or rising; the end of the stretch when it does not.
+    static double turningBetween(const Step& step, const ArcSpan& span, double from, double to) {
+        const double across = step.motion->plane == Plane::XZ ? 0 : kPi / 2;
+        const double first = (span.start + span.sweep * from - across) / kPi;
+        const double last = (span.start + span.sweep * to - across) / kPi;
+        const double turn = std::ceil(std::min(first, last));
+        return turn > std::min(first, last) && turn < std::max(first, last)
+                   ? std::clamp((turn * kPi + across - span.start) / span.sweep, from, to)
+                   : to;
+    }
+
+    // A stretch on which the arc only sinks or only rises.
+    void toSurface(const Step& step, const ArcSpan& span, double from, double to) {
+        if (from == to) {
+            return;
+        }
+        const Point first = pointOn(step, span, from);
+        const Point last = pointOn(step, span, to);
+        const double surface = m_setting.surface;
+        if ((first.z < surface) == (last.z < surface) || m_anyHeight) {
+            segment(step, first, last);
+            return;
+        }
+        double below = first.z < surface ? from : to;
+        double above = first.z < surface ? to : from;
+        for (int round = 0; round < 50; ++round) {
+            const double middle = (below + above) / 2;
+            (pointOn(step, span, middle).z < surface ? below : above) = middle;
+        }
+        Point through = pointOn(step, span, below);
+        through.z = surface;
+        segment(step, first, through);
+        segment(step, through, last);
     }
 
     void flatArc(const Step& step, const ArcSpan& span, double from, double to) {

@@ -134,6 +134,64 @@ TEST(Check, TheJoinsOfVeryShortChordsAreNoSecondCut) {
     }
 }
 
+const Finding* firstOf(const CheckResult& result, FindingKind kind) {
+    for (const Finding& finding : result.findings) {
+        if (finding.kind == kind) {
+            return &finding;
+        }
+    }
+    return nullptr;
+}
+
+TEST(Check, AnUprightArcCutsExactlyWhereItIsBelowTheSurface) {
+    // From X-10 Z15 down to the depth and up again to X20 Z15.
+    for (const double depth : {0.01, 1.0, 5.0}) {
+        const double middle = (450 - depth * depth) / (30 + 2 * depth);
+        const double half = std::sqrt((middle + depth) * (middle + depth) - middle * middle);
+        Drawing drawing;
+        drawing.shapes = {lineShape({-50, 0}, {50, 0})};
+        CheckOptions options;
+        options.tolerance = 0.001;
+        const std::string program = kHead + "G0 X-10 Y0\nG0 Z15\nG18 F100\nG2 X20 Z15 I15 K" +
+                                    numberText(middle - 15, 9) + "\n" + kTail;
+        const CheckResult result = check(program, options, &drawing);
+        ASSERT_EQ(result.reading.stopLine, 0U) << textReport(result);
+        const Finding* const missing = firstOf(result, FindingKind::NotCut);
+        ASSERT_NE(missing, nullptr) << textReport(result);
+        EXPECT_NEAR(missing->place->to.x, 5 - half - options.tolerance, 1e-5) << depth;
+        EXPECT_EQ(firstOf(result, FindingKind::CutOffDrawing), nullptr);
+    }
+}
+
+TEST(Check, AnUprightHelixIsOffItsPathByLessThanTheTolerance) {
+    // A turn in G18 with a radius of 200 that goes along Y: seen from above no straight line.
+    const std::string program = kHead + "G0 Z-1\nG18 F100\nG2 X0 Y40 Z-1 I0 K-200\n" + kTail;
+    Drawing drawing;
+    CheckOptions options;
+    options.tolerance = 0.002;
+    const double turn = 2 * 3.14159265358979323846;
+    const auto at = [turn](int place) {
+        const double t = place / 5000.0;
+        return PlanePoint{-200 * std::sin(turn * t), 40 * t};
+    };
+    for (int part = 0; part < 5000; ++part) {
+        drawing.shapes.push_back(lineShape(at(part), at(part + 1)));
+    }
+    const CheckResult result = check(program, options, &drawing);
+    EXPECT_EQ(firstOf(result, FindingKind::CutOffDrawing), nullptr) << textReport(result);
+    EXPECT_EQ(firstOf(result, FindingKind::NotCut), nullptr);
+    EXPECT_EQ(result.shapesCut, drawing.shapes.size());
+}
+
+TEST(Check, ManyTurnsOfAnUprightArcDoNotFillTheMemory) {
+    Drawing drawing;
+    drawing.shapes = {lineShape({-5, 0}, {5, 0})};
+    const CheckResult result =
+        check(kHead + "G1 Z-5 F9\nG18\nG2 X0 Z-5 I0 K5 P5000.0000\n" + kTail, {}, &drawing);
+    EXPECT_EQ(result.reading.stopLine, 0U) << textReport(result);
+    EXPECT_TRUE(result.coverageJudged);
+}
+
 TEST(Check, APlaceNamesItsMotionAndBothCoordinates) {
     Drawing drawing;
     drawing.mmPerUnit = 25.4;
