@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Any polyline, ellipse or spline of any finite numbers is no object for a reason, or a sound one
-// that can be taken apart into lines and arcs that lie where it lies.
+// Any polyline, ellipse, spline, circle or arc of any finite numbers is no object for a reason, or
+// a sound one that lies where its map brings it and can be taken apart into lines and arcs that lie
+// where it lies.
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -11,6 +13,7 @@
 #include <vector>
 
 #include "FuzzCheck.h"
+#include "ImageChecks.h"
 #include "ObjectChecks.h"
 #include "drawing/Ellipse.h"
 #include "drawing/ShapeTransform.h"
@@ -107,8 +110,26 @@ kxSplineData splineOf(Numbers& numbers) {
     return data;
 }
 
+/// Kept as it is by most maps.
+Shape roundShapeOf(Numbers& numbers, bool isCircle) {
+    const kxVector3 center = numbers.space();
+    const double radius = std::abs(numbers.number());
+    if (isCircle) {
+        return kxdrawing::CircleShape{center, radius};
+    }
+    kxCircleArcData arc{center, radius};
+    arc.startParameter = std::fmod(numbers.number(), 6.2831853);
+    arc.endParameter = arc.startParameter + std::fmod(std::abs(numbers.number()), 6.2831853);
+    return arc;
+}
+
 std::optional<Shape> shapeOf(Numbers& numbers) {
-    switch (numbers.byte() % 5) {
+    constexpr unsigned kFirstRound = 224;
+    const unsigned kind = numbers.byte();
+    if (kind >= kFirstRound) {
+        return roundShapeOf(numbers, kind % 2 == 0);
+    }
+    switch (kind % 5) {
         case 0:
             return polylineOf(numbers);
         case 1:
@@ -141,6 +162,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<Shape> images;
     if (shape) {
         kxdrawing::transformShape(*shape, map, &images);
+    }
+    const auto isSound = [](const Shape& each) { return !kxdrawing::shapeProblem(each); };
+    if (shape && isSound(*shape) && std::all_of(images.begin(), images.end(), isSound)) {
+        checkImages(*shape, map, images);
     }
     for (const Shape& image : images) {
         const kxObject_ptr object =
