@@ -14,6 +14,7 @@ struct Compensation {
     bool isEntered = false;  // its first move was made
     bool isLeaving = false;  // behind G40, before the next move
     double left = 0;         // see CompensationGeometry.h, in the program's unit
+    AxisPair shift;          // from the tool's centre to what is moved to a place: of a lathe tool
     // The last move in the plane. The next one says where it ends.
     bool hasPending = false;
     bool isUnchecked = false;  // it may begin behind its end, as a first move may

@@ -108,8 +108,8 @@ private:
     // Radius compensation.
     bool setCompensation(const Block& block, Fault& fault);
     bool turnOn(const Block& block, Fault& fault);
-    bool programmedRadius(const Block& block, double& radius, Fault& fault) const;
-    bool radiusOfTool(const Block& block, double& radius, Fault& fault) const;
+    bool programmedRadius(const Block& block, double& radius, int& orientation, Fault& fault) const;
+    bool radiusOfTool(const Block& block, double& radius, int& orientation, Fault& fault) const;
     bool checkBeforeCompensation(const Block& block, Fault& fault) const;
     bool checkBehindCompensation(const Block& block, Fault& fault) const;
     bool leavesByArc(std::uint32_t column, Fault& fault) const;

@@ -43,6 +43,17 @@ bool notFollowed(std::uint32_t column, const std::string& code, Fault& fault) {
                   "G40 before it");
 }
 
+// From the tool's centre to the corner of the square around it that is the tip. Z and X.
+AxisPair tipOf(int orientation, double radius) {
+    static constexpr std::array<std::array<int, 2>, 9> kTips = {
+        {{0, 0}, {1, -1}, {-1, -1}, {-1, 1}, {1, 1}, {1, 0}, {0, -1}, {-1, 0}, {0, 1}}};
+    if (orientation < 0 || orientation > 8) {
+        return {};
+    }
+    const auto& tip = kTips[static_cast<std::size_t>(orientation)];
+    return {tip[0] * radius, tip[1] * radius};
+}
+
 bool checkOneShot(const Block& block, std::size_t systemInForce, Fault& fault) {
     const int code = block.g(GGroup::OneShot);
     if (code == Block::kNone || code == 40) {
@@ -67,8 +78,8 @@ AxisPair Machine::inPlane(const Axes& axes) const {
 Axes Machine::besideAxes(const Axes& program, const AxisPair& tool) const {
     const PlaneIndices& plane = planeIndices(m_plane);
     Axes result = program;
-    result[plane.first] = tool.first;
-    result[plane.second] = tool.second;
+    result[plane.first] = tool.first + m_compensation.shift.first;
+    result[plane.second] = tool.second + m_compensation.shift.second;
     return result;
 }
 
@@ -139,8 +150,9 @@ bool Machine::turnOn(const Block& block, Fault& fault) {
                       std::string(textOfG(code).text) + " in G19", "G17 or G18");
     }
     double radius = 0;
-    if (!(code % 10 == 0 ? radiusOfTool(block, radius, fault)
-                         : programmedRadius(block, radius, fault))) {
+    int orientation = 0;
+    if (!(code % 10 == 0 ? radiusOfTool(block, radius, orientation, fault)
+                         : programmedRadius(block, radius, orientation, fault))) {
         return false;
     }
     const bool isLeaving = m_compensation.isLeaving;
@@ -148,11 +160,13 @@ bool Machine::turnOn(const Block& block, Fault& fault) {
     m_compensation.isOn = true;
     m_compensation.isLeaving = isLeaving;
     m_compensation.left = code < 420 ? radius : -radius;
+    m_compensation.shift = m_plane == Plane::XZ ? tipOf(orientation, std::abs(radius)) : AxisPair{};
     return true;
 }
 
 // G41.1 and G42.1: D is the diameter.
-bool Machine::programmedRadius(const Block& block, double& radius, Fault& fault) const {
+bool Machine::programmedRadius(const Block& block, double& radius, int& orientation,
+                               Fault& fault) const {
     const std::uint32_t column = block.columnOfG(GGroup::RadiusOffset);
     const CodeText code = textOfG(block.g(GGroup::RadiusOffset));
     if (!block.has('D')) {
@@ -161,16 +175,14 @@ bool Machine::programmedRadius(const Block& block, double& radius, Fault& fault)
     if (block.has('L') && m_plane != Plane::XZ) {
         return reject(fault, Rule::WordWithoutUse, block.column('L'), "L", "G18 with L");
     }
-    if (block.has('L')) {
-        return reject(fault, Rule::NotInterpretedCode, block.column('L'),
-                      "the shape of a lathe tool", "a round tool");
-    }
+    orientation = static_cast<int>(std::lround(block.valueOr('L', 0)));
     radius = block.value('D') / 2;
     return true;
 }
 
 // G41 and G42: D is a tool's number, without it the tool is that in the spindle.
-bool Machine::radiusOfTool(const Block& block, double& radius, Fault& fault) const {
+bool Machine::radiusOfTool(const Block& block, double& radius, int& orientation,
+                           Fault& fault) const {
     std::int32_t number = m_tool;
     if (block.has('D')) {
         const double value = block.value('D');
@@ -195,6 +207,11 @@ bool Machine::radiusOfTool(const Block& block, double& radius, Fault& fault) con
                           " without a known diameter of " + whose,
                       "a tool whose diameter is known, or G41.1 and G42.1 with the diameter as D");
     }
+    orientation = tool == nullptr ? 0 : tool->orientation;
+    if (orientation != 0 && m_plane != Plane::XZ) {
+        return reject(fault, Rule::CompensationPlane, block.columnOfG(GGroup::RadiusOffset),
+                      "a lathe tool", "G18 for a lathe tool");
+    }
     radius = tool == nullptr ? 0 : tool->diameterMm / 2 / m_mmPerUnit;
     return true;
 }
@@ -216,6 +233,7 @@ bool Machine::compensated(const Block& block, Motion& motion, const Axes& to, Pr
     path.end = inPlane(to);
     motion.contour = static_cast<std::int32_t>(m_reading.contours.size());
     m_reading.contours.push_back({machinePoint(m_position), machinePoint(to), motion.centre});
+    motion.centre = machinePoint(besideAxes(m_position, path.centre));
     if (!state.isEntered) {
         return enter(column, motion, to, path, fault);
     }
@@ -259,6 +277,10 @@ bool Machine::enter(std::uint32_t column, Motion& motion, const Axes& to, Progra
                       "a radius larger than the tool's");
     }
     if (path.isArc) {
+        if (state.shift.first != 0 || state.shift.second != 0) {
+            return reject(fault, Rule::NotInterpretedCode, column,
+                          "an arc as the first move of a lathe tool", "a straight first move");
+        }
         path.entryCentre = entryCentre(path, state.left);
         if (!path.entryCentre) {
             return reject(fault, Rule::NotInterpretedCode, column,
@@ -328,9 +350,9 @@ bool Machine::goRoundCorner(const Motion& after, const ProgrammedPath& path, Fau
     Motion round = after;
     if (round.kind != MotionKind::Rapid) {
         round.kind = MotionKind::Arc;
+        round.turns = state.left > 0 ? -1 : 1;
+        round.centre = machinePoint(besideAxes(m_position, inPlane(m_position)));
     }
-    round.turns = state.left > 0 ? -1 : 1;
-    round.centre = machinePoint(m_position);
     round.contour = kRoundCorner;
     round.from = m_machine;
     state.to = besideStart(path, state.left);

@@ -15,6 +15,7 @@ struct Tool {
     std::int32_t pocket = 0;
     Point offset;  // millimetres; its length along z
     double diameterMm = 0;
+    std::uint8_t orientation = 0;  // of a lathe tool, 1 to 8: where its tip is; else it is round
 };
 
 // What a program can't say about the machine that runs it.

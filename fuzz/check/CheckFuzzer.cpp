@@ -42,6 +42,8 @@ void checkMotion(const Reading& reading, const Motion& motion, const Motion* bef
     FUZZ_CHECK(motion.rotary == -1 ||
                static_cast<std::size_t>(motion.rotary) < reading.rotaryAxes.size());
     FUZZ_CHECK((motion.kind == gcode_check::MotionKind::Arc) == (motion.turns != 0));
+    FUZZ_CHECK(motion.contour < 0 ||
+               static_cast<std::size_t>(motion.contour) < reading.contours.size());
     if (before != nullptr) {
         FUZZ_CHECK(before->line <= motion.line);
         // Bit for bit: numbers may be so large that they are none any more.

@@ -62,15 +62,18 @@ constexpr double kMmPerInch = 25.4;
 struct TableTool {
     int number;
     double x, y, z, diameter;  // inches, as the table has them
+    std::uint8_t orientation;
 };
-constexpr TableTool kTools[] = {{1, 0, 0, 1.5, 3},    {2, 0, 0, -2.25, 0.5}, {3, 0, 0, 10, 6},
-                                {4, 0, 0, 0.5, 0.25}, {5, 0, 0, 0.75, 0.25}, {9, 0, 0, 1, 1}};
+constexpr TableTool kTools[] = {{1, 0, 0, 1.5, 3, 0},     {2, 0, 0, -2.25, 0.5, 0},
+                                {3, 0, 0, 10, 6, 0},      {4, 0, 0, 0.5, 0.25, 0},
+                                {5, 0, 0, 0.75, 0.25, 0}, {9, 0, 0, 1, 1, 0},
+                                {20, 0, 0, 0, 0.25, 2}};
 
 std::string toolTable() {
     std::ostringstream out;
     for (const TableTool& tool : kTools) {
         out << "T" << tool.number << " P" << tool.number << " Z" << tool.z << " D" << tool.diameter
-            << " ;\n";
+            << " Q" << int{tool.orientation} << " ;\n";
     }
     return out.str();
 }
@@ -284,6 +287,7 @@ MachineOptions optionsWithTools() {
         tool.number = row.number;
         tool.offset = {row.x * kMmPerInch, row.y * kMmPerInch, row.z * kMmPerInch};
         tool.diameterMm = row.diameter * kMmPerInch;
+        tool.orientation = row.orientation;
         options.tools.push_back(tool);
     }
     return options;

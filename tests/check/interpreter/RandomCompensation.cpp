@@ -18,6 +18,7 @@ struct TableRow {
 };
 // Of the table that Judge.cpp writes.
 constexpr TableRow kTools[] = {{"2", 6.35}, {"4", 3.175}, {"5", 3.175}, {"9", 12.7}};
+constexpr TableRow kLatheTool = {"20", 3.175};
 
 std::string fixed(double value, int decimals) {
     char text[64];
@@ -71,7 +72,8 @@ void RandomCompensation::turnOn() {
     const std::string code = m_isLeft ? "G41" : "G42";
     switch (pick(3)) {
         case 0: {
-            const TableRow& tool = kTools[pick(std::size(kTools))];
+            m_hasTip = m_isXZ && maybe(40);
+            const TableRow& tool = m_hasTip ? kLatheTool : kTools[pick(std::size(kTools))];
             m_radius = tool.radiusMm * m_unit;
             put(code + " D" + tool.number);
             break;
@@ -87,7 +89,9 @@ void RandomCompensation::turnOn() {
         }
         default:
             m_radius = static_cast<double>(1 + pick(60)) / 8 * m_unit;
-            put(code + ".1 D" + number(2 * m_radius));
+            m_hasTip = m_isXZ && maybe(60);
+            put(code + ".1 D" + number(2 * m_radius) +
+                (m_hasTip ? " L" + std::to_string(pick(11)) : ""));
             // The number was rounded.
             m_radius *= 1.001;
             break;
@@ -123,7 +127,8 @@ void RandomCompensation::contour(const std::string* badLine) {
         if (badLine != nullptr && move == badMove) {
             put(*badLine);
         }
-        if (maybe(45)) {
+        // Behind an arc as the first move of a lathe tool the judge moves the wrong end.
+        if (maybe(45) && !(m_hasTip && m_isEntry)) {
             arc(m_heading + turn);
         } else {
             line(m_heading + turn);

@@ -47,6 +47,7 @@ private:
     int m_decimals = 9;
     bool m_isLeft = true;
     bool m_isXZ = false;
+    bool m_hasTip = false;
     bool m_isRelative = false;
     bool m_isTight = false;
     bool m_isEntry = true;

@@ -126,7 +126,9 @@ TEST(JudgedPrograms, SamplesOfRadiusCompensationHaveTheStepsOfTheControllerWithS
     const std::vector<Smaller> smaller = {
         {"ncfiles/comp.ngc", {{"d1", "d5"}}},
         {"ncfiles/gmoccapy_2_tools_with_cutter_radius_compensation.ngc",
-         {{"T3 M6", "T4 M6"}, {"T1 M6", "T5 M6"}, {"G0 X50 Y50\n\n", "M2\n"}}}};
+         {{"T3 M6", "T4 M6"}, {"T1 M6", "T5 M6"}, {"G0 X50 Y50\n\n", "M2\n"}}},
+        {"ncfiles/lathecomp.ngc",
+         {{"g42\n", "g42.1 d.06 l3\n"}, {"g41\n", "g41.1 d.06 l3\n"}, {"t7 m6", "t4 m6"}}}};
     std::size_t compared = 0;
     for (const Sample& sample : samples()) {
         const auto found = std::find_if(smaller.begin(), smaller.end(), [&](const Smaller& row) {
