@@ -3,6 +3,7 @@
 #include "CheckCommand.h"
 
 #include <cstdio>
+#include <new>
 
 #include <kx/host/kxHostApplication.h>
 
@@ -123,5 +124,11 @@ int Checking::report() const {
 }  // namespace
 
 int checkProgramFile(const CheckCommandOptions& options) {
-    return Checking(options).run();
+    try {
+        return Checking(options).run();
+    } catch (const std::bad_alloc&) {
+        return sayFailure(kExitUnreadableInput,
+                          (options.program == "-" ? "standard input" : options.program) +
+                              ": there is not enough memory to check it");
+    }
 }

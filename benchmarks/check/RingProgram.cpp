@@ -18,7 +18,8 @@ struct Centre {
 };
 
 Centre centreOf(std::size_t ring) {
-    return {static_cast<double>(ring % 100) * 25, static_cast<double>(ring / 100) * 25};
+    const std::size_t row = ring / 100;
+    return {static_cast<double>(ring % 100) * 25, static_cast<double>(row) * 25};
 }
 
 // Without the four lines around them.

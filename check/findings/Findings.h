@@ -13,6 +13,8 @@ public:
 
     // Counts one more. To be filled in before the next call; null: enough of this kind are told.
     Finding* add(FindingKind kind, Severity severity, std::uint32_t line);
+    // Whether the next one of this kind would be told.
+    bool takesMore(FindingKind kind) const { return countOf(kind) < m_perKind; }
     bool has(FindingKind kind) const { return countOf(kind) > 0; }
     bool hasError(FindingKind kind) const {
         return m_ofKind[static_cast<std::size_t>(kind)][static_cast<std::size_t>(Severity::Error)] >

@@ -111,6 +111,26 @@ TEST_F(OutputFaults, ALimitOfFileSizeIsSaidAndWhatStoodBeforeStands) {
     EXPECT_EQ(namesIn(place()), (Words{"a.nc", "disk", "part.dxf"}));
 }
 
+TEST_F(OutputFaults, AProgramThatTakesMoreMemoryThanThereIsIsSaidByTheCheck) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "NOT TESTED: the sanitizer needs memory without a limit";
+#endif
+    std::string program = "G21 G90\nM3 S9\nG0 X0 Y0\nG0 Z5\nF9\n";
+    while (program.size() < 12'000'000) {
+        program += "X1\nX2\n";
+    }
+    const std::string file = makeFile(place("long.nc"), program);
+    ChildOptions options;
+    options.prepare = [] {
+        const rlimit limit{400'000'000, 400'000'000};
+        setrlimit(RLIMIT_AS, &limit);
+    };
+    const ChildRun run = runWords({"check", file}, options);
+    EXPECT_EQ(run.code, 2);
+    EXPECT_TRUE(isOneLineWith(run.messages, {file, "not enough memory"})) << run.messages;
+    EXPECT_EQ(run.output, "");
+}
+
 TEST_F(OutputFaults, AFullDeviceBehindStandardOutputIsSaid) {
     ChildOptions options;
     options.outputTo = "/dev/full";

@@ -108,6 +108,9 @@ private:
         m_run.to = last;
         m_run.lastMotion = cut.motion;
         m_run.length += lengthOf(cut.curve) * (gap.to - gap.from);
+        if (!m_findings.takesMore(FindingKind::CutOffDrawing)) {
+            return;
+        }
         const int places = m_looked < kPlacesAtMost ? kPlacesPerGap : 1;
         for (int place = 0; place < places; ++place) {
             const double part = places == 1 ? 0.5 : static_cast<double>(place) / (places - 1);
