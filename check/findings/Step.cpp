@@ -128,6 +128,7 @@ bool StepWalk::next() {
     m_step.motion = &motion;
     m_step.index = m_next++;
     m_step.heightKnown = motion.line >= m_setting.known.z && !m_isHeightLost;
+    m_step.endKnown = m_step.heightKnown;
     const Frame& frame = reading.frames[motion.frame];
     const double unit = m_setting.mmPerUnit;
     if (!isMove(motion)) {
@@ -153,10 +154,12 @@ void StepWalk::followHeight() {
     if (m_step.motion->toMachinePlace) {
         m_isHeightLost = true;
         m_step.heightKnown = false;
+        m_step.endKnown = false;
     } else if (m_isHeightLost && !m_step.relative &&
                std::abs(m_step.to.z - m_step.from.z) > kSame) {
         m_isHeightLost = false;
         m_step.heightKnown = !m_step.isSideways();
+        m_step.endKnown = true;
     }
 }
 

@@ -21,6 +21,7 @@ struct Step {
     bool relative = false;  // G91
     bool heightKnown =
         false;  // the height above the work has been told, and is not a place of the machine
+    bool endKnown = false;       // the same of its end alone
     std::uint32_t feedLine = 0;  // of the F word; 0: none yet
 
     std::uint32_t line() const { return motion->line; }

@@ -6,14 +6,22 @@
 
 namespace gcode_check {
 
-// In a hole that is drilled already, a rapid down is how pecking is written out.
-bool RapidRule::isInHole(const Step& step) const {
-    return m_hole && std::abs(step.to.x - m_holeBottom.x) <= kSame &&
-           std::abs(step.to.y - m_holeBottom.y) <= kSame && step.to.z >= m_holeBottom.z - kSame;
+// In a hole that is drilled already, a rapid down is how pecking is written out; where a cut of
+// this tool began or ended, it is how the next pass begins.
+bool RapidRule::isInHole(const Step& step) {
+    const bool isDrilled = m_hole && std::abs(step.to.x - m_holeBottom.x) <= kSame &&
+                           std::abs(step.to.y - m_holeBottom.y) <= kSame &&
+                           step.to.z >= m_holeBottom.z - kSame;
+    return isDrilled || m_cutEnds.isCutTo(step.to, step.index);
 }
 
-bool RapidRule::isHit(const Step& step, FindingKind& kind) const {
-    const double low = std::min(step.from.z, step.to.z);
+// The first height of a program is reached from nobody knows where.
+double RapidRule::lowestKnown(const Step& step) const {
+    return m_isHeightKnown ? step.lowest : step.to.z;
+}
+
+bool RapidRule::isHit(const Step& step, FindingKind& kind) {
+    const double low = lowestKnown(step);
     const double surface = m_setting.surface;
     kind = FindingKind::RapidInMaterial;
     if (!step.isSideways()) {
@@ -42,10 +50,15 @@ void RapidRule::step(const Step& step) {
     if (step.isFeed()) {
         close();
         noteFeed(step);
-        return;
+    } else {
+        judge(step);
     }
+    m_isHeightKnown = step.endKnown;
+}
+
+void RapidRule::judge(const Step& step) {
     FindingKind kind{};
-    if (!step.heightKnown || !isHit(step, kind)) {
+    if (!step.endKnown || !isHit(step, kind)) {
         close();
         return;
     }
@@ -53,12 +66,12 @@ void RapidRule::step(const Step& step) {
         close();
     }
     if (!m_run.open) {
-        m_run = {true, kind, false, step.line(), 0, 0, step.lowest, placeOf(m_setting, step)};
+        m_run = {true, kind, false, step.line(), 0, 0, lowestKnown(step), placeOf(m_setting, step)};
     }
     ++m_run.moves;
     m_run.sideways = m_run.sideways || step.isSideways();
     m_run.length += std::hypot(step.to.x - step.from.x, step.to.y - step.from.y);
-    m_run.lowest = std::min(m_run.lowest, step.lowest);
+    m_run.lowest = std::min(m_run.lowest, lowestKnown(step));
     m_run.place.lastMotion = step.index;
 }
 

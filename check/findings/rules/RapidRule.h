@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "findings/CutEnds.h"
 #include "findings/Findings.h"
 #include "findings/Step.h"
 
@@ -12,7 +13,7 @@ namespace gcode_check {
 class RapidRule {
 public:
     RapidRule(const Setting& setting, Findings& findings)
-        : m_setting(setting), m_findings(findings) {}
+        : m_setting(setting), m_findings(findings), m_cutEnds(setting) {}
     void step(const Step& step);
     void finish();
 
@@ -28,8 +29,10 @@ private:
         Place place;
     };
 
-    bool isHit(const Step& step, FindingKind& kind) const;
-    bool isInHole(const Step& step) const;
+    void judge(const Step& step);
+    double lowestKnown(const Step& step) const;
+    bool isHit(const Step& step, FindingKind& kind);
+    bool isInHole(const Step& step);
     void noteFeed(const Step& step);
     void close();
 
@@ -38,6 +41,8 @@ private:
     Run m_run;
     Point m_holeBottom;  // the lowest place that a stroke straight down has reached here
     bool m_hole = false;
+    bool m_isHeightKnown = false;  // where the tool stands
+    CutEnds m_cutEnds;
 };
 
 }  // namespace gcode_check
