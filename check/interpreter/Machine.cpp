@@ -102,8 +102,9 @@ void Machine::setFeedMode(const Block& block) {
 // The feed is in the unit before the line: a unit word comes into force after F.
 void Machine::setFeedAndSpeed(const Block& block) {
     if (block.has('F')) {
-        m_feedWord = block.value('F');
-        m_feed = m_feedWord * (m_feedMode == FeedMode::InverseTime ? 1 : m_mmPerUnit);
+        const bool isInverse = m_feedMode == FeedMode::InverseTime;
+        m_feedWord = isInverse ? m_feedWord : block.value('F');
+        m_feed = block.value('F') * (isInverse ? 1 : m_mmPerUnit);
     }
     if (block.has('S')) {
         m_speed = block.value('S');

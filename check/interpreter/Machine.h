@@ -79,7 +79,7 @@ private:
     bool setOrigin(const Block& block, Fault& fault);
     void setOriginFromPosition(const Block& block, std::size_t system, const Axes& machine);
     void offset92(const Block& block);
-    void offset92Off(const Block& block);
+    void switch92(int code);
     Axes toProgramAxes(const Axes& machine) const;
     Axes toMachineAxes(const Axes& program) const;
     Point machinePoint(const Axes& program) const;
@@ -93,6 +93,7 @@ private:
     bool checkPolar(const Block& block, Fault& fault) const;
     bool machineTarget(const Block& block, Axes& result, Fault& fault) const;
     bool move(const Block& block, Fault& fault);
+    void noteInverseFeed();
     bool straight(const Block& block, int motion, Fault& fault);
     bool checkFeed(const Block& block, int motion, Fault& fault) const;
     bool arc(const Block& block, int motion, Fault& fault);
@@ -159,7 +160,8 @@ private:
     std::uint8_t m_coolant = 0;
     int m_mode = kStartMode;
     double m_feed = 0;
-    double m_feedWord = 0;  // as it was written last; 0 when the mode took it away
+    double m_feedWord = 0;  // as it was written last; 0 when the mode took it away; in inverse
+                            // time the one before, and below 0 when a move made another one
     double m_speed = 0;
     std::int32_t m_tool = 0;
     std::int32_t m_nextTool = 0;

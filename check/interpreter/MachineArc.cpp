@@ -179,6 +179,7 @@ bool Machine::arc(const Block& block, int motion, Fault& fault) {
         !checkTurns(block, fault)) {
         return false;
     }
+    noteInverseFeed();
     AxisPair centre;
     if (!(block.has('R') ? centreByRadius(words, centre, fault)
                          : centreByOffsets(words, centre, fault))) {

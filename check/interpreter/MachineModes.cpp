@@ -75,6 +75,7 @@ bool Machine::saveOrRestoreModes(const Block& block, Fault& fault) {
 void Machine::saveModes() {
     m_saved.isValid = true;
     m_saved.isCompensated = m_compensation.isOn;
+    m_saved.is92On = m_is92On;
     m_saved.isInches = m_isInches;
     m_saved.isRelative = m_isRelative;
     m_saved.hasAbsoluteCentres = m_hasAbsoluteCentres;
@@ -90,7 +91,7 @@ void Machine::saveModes() {
     m_saved.speed = m_speed;
 }
 
-// The motion code stays as it is, and so do origins and G92.
+// The motion code stays as it is, and so do origins and by how much G92 shifts.
 bool Machine::restoreModes(Fault& fault) {
     changeUnit(m_saved.isInches);
     restoreFeed();
@@ -100,6 +101,9 @@ bool Machine::restoreModes(Fault& fault) {
         return false;
     }
     changeSystem(m_saved.system);
+    if (m_is92On != m_saved.is92On) {
+        switch92(m_saved.is92On ? 923 : 922);
+    }
     m_pathMode = m_saved.pathMode;
     m_isRelative = m_saved.isRelative;
     m_hasAbsoluteCentres = m_saved.hasAbsoluteCentres;
@@ -108,17 +112,19 @@ bool Machine::restoreModes(Fault& fault) {
     return true;
 }
 
-// Out of or into inverse time the feed does not come back.
+// A new mode takes the feed away, and F comes back only when the number was another before that.
 void Machine::restoreFeed() {
+    const bool isOther = m_feedWord != m_saved.feedWord;
     const bool isChanged = m_feedMode != m_saved.feedMode;
-    const bool isInverse =
-        m_feedMode == FeedMode::InverseTime || m_saved.feedMode == FeedMode::InverseTime;
     m_feedMode = m_saved.feedMode;
-    if (isChanged && m_feedMode != FeedMode::InverseTime) {
+    if (m_feedMode == FeedMode::InverseTime) {
+        return;
+    }
+    if (isChanged) {
         m_feed = 0;
         m_feedWord = 0;
     }
-    if (!isInverse && m_feedWord != m_saved.feedWord) {
+    if (isOther) {
         m_feedWord = rewritten(m_saved.feedWord, 1);
         m_feed = m_feedWord * m_mmPerUnit;
     }

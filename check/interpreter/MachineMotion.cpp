@@ -20,7 +20,7 @@ bool hasRotary(const Axes& axes) {
 
 bool Machine::oneShot(const Block& block, Fault& fault) {
     if (block.hasG(GGroup::OffsetOff)) {
-        offset92Off(block);
+        switch92(block.g(GGroup::OffsetOff));
     }
     switch (block.g(GGroup::OneShot)) {
         case 100:
@@ -156,6 +156,12 @@ bool Machine::checkFeed(const Block& block, int motion, Fault& fault) const {
     return true;
 }
 
+void Machine::noteInverseFeed() {
+    if (m_feedMode == FeedMode::InverseTime) {
+        m_feedWord = -1;
+    }
+}
+
 bool Machine::straight(const Block& block, int motion, Fault& fault) {
     if (motion == 10 && !checkFeed(block, motion, fault)) {
         return false;
@@ -168,6 +174,9 @@ bool Machine::straight(const Block& block, int motion, Fault& fault) {
         }
     } else {
         to = target(block);
+    }
+    if (motion == 10) {
+        noteInverseFeed();
     }
     Motion step = this->step(motion == 0 ? MotionKind::Rapid : MotionKind::Feed);
     step.toMachinePlace = toMachinePlace;

@@ -240,9 +240,8 @@ void Machine::offset92(const Block& block) {
 }
 
 // G92.1 forgets the offset, G92.2 keeps it for G92.3.
-void Machine::offset92Off(const Block& block) {
+void Machine::switch92(int code) {
     const Axes machine = toMachineAxes(m_position);
-    const int code = block.g(GGroup::OffsetOff);
     m_kept92 = code == 921 ? Axes{} : m_kept92;
     m_offset92 = code == 923 ? m_kept92 : Axes{};
     m_is92On = code == 923;

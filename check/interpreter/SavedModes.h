@@ -13,6 +13,7 @@ namespace gcode_check {
 struct SavedModes {
     bool isValid = false;
     bool isCompensated = false;
+    bool is92On = false;
     bool isInches = false;
     bool isRelative = false;
     bool hasAbsoluteCentres = false;

@@ -119,6 +119,8 @@ INSTANTIATE_TEST_SUITE_P(
             "coolant 2 | coolant 0 | coolant 1 | coolant 3"},
         Row{"plane", "F9\nM70\nG18\nM72\nG2 X2 I1", "arc 2 0 0 round 1 0 0 turns -1 F9"},
         Row{"systemButNotItsOrigin", "M70\nG55\nG10 L2 P1 X5\nM72\nG0 X1", "rapid 6 0 0"},
+        Row{"shiftIsOffOrOnAgain", "M70\nG92 X5\nM72\nG0 X1\nG92.3\nM70\nG92.2\nM72\nG0 X1",
+            "rapid 1 0 0 | rapid -4 0 0"},
         Row{"valuesOfTheirLine", "F9 M70\nF5\nM72\nG1 X1", "feed 1 0 0 F9"},
         Row{"notSaved", "M72", " ! 1:1 modes-not-saved"},
         Row{"forgotten", "M70\nM71\nM72", " ! 3:1 modes-not-saved"},
