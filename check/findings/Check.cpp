@@ -17,6 +17,7 @@
 #include "findings/rules/SpindleRule.h"
 #include "findings/rules/StartRule.h"
 #include "findings/rules/ToolInMaterialRule.h"
+#include "findings/rules/ToolLengthRule.h"
 #include "findings/rules/ZeroRule.h"
 #include "interpreter/Interpreter.h"
 
@@ -34,6 +35,7 @@ public:
           m_spindle(setting, findings),
           m_rapids(setting, findings),
           m_tools(setting, findings),
+          m_lengths(setting, findings),
           m_zeros(setting, findings),
           m_plunges(setting, findings),
           m_increments(setting, findings),
@@ -44,6 +46,7 @@ public:
     void step(const Step& step) {
         m_figures.step(step);
         m_tools.step(step);
+        m_lengths.step(step);
         if (!step.isMove()) {
             return;
         }
@@ -88,6 +91,7 @@ private:
     SpindleRule m_spindle;
     RapidRule m_rapids;
     ToolInMaterialRule m_tools;
+    ToolLengthRule m_lengths;
     ZeroRule m_zeros;
     PlungeFeedRule m_plunges;
     HeightIncrementsRule m_increments;

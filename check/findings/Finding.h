@@ -44,6 +44,7 @@ enum class FindingKind : std::uint8_t {
     LineNumbersDisorder,
     CutTooDeep,
     DepthNotReached,
+    ToolLength,
 };
 
 // All of them, in the order above.

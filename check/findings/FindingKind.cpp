@@ -7,7 +7,7 @@ namespace gcode_check {
 const std::vector<FindingKind>& allFindingKinds() {
     static const std::vector<FindingKind> kinds = [] {
         std::vector<FindingKind> all;
-        const auto last = static_cast<unsigned>(FindingKind::DepthNotReached);
+        const auto last = static_cast<unsigned>(FindingKind::ToolLength);
         for (unsigned kind = 0; kind <= last; ++kind) {
             all.push_back(static_cast<FindingKind>(kind));
         }
@@ -77,6 +77,8 @@ const char* identifierOf(FindingKind kind) {
             return "cut-too-deep";
         case FindingKind::DepthNotReached:
             return "depth-not-reached";
+        case FindingKind::ToolLength:
+            return "tool-length";
     }
     return "";
 }

@@ -178,6 +178,21 @@ private:
         if (stop == 2 || stop == 30) {
             fact(FactKind::End, stop);
         }
+        toolLengthFact();
+    }
+
+    void toolLengthFact() {
+        const int code = m_block.g(GGroup::ToolLength);
+        if (m_block.isDeleted && m_options.blockDelete) {
+            return;
+        }
+        if (m_block.m(MGroup::Spindle) == 72) {
+            fact(FactKind::ToolLength, kOwnToolLength);
+        } else if (code == 430) {
+            fact(FactKind::ToolLength, m_block.valueOr('H', 0));
+        } else if (code != Block::kNone) {
+            fact(FactKind::ToolLength, code == 490 ? kNoToolLength : kOwnToolLength);
+        }
     }
 
     void wordFact(char letter, FactKind kind) {

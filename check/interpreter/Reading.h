@@ -28,7 +28,11 @@ enum class FactKind : std::uint8_t {
     Comment,       // value: the column where it begins
     BlockDelete,   // value: 1 when the line was left out
     TextAfterEnd,  // a line that is not empty after the end; value: the column of the text
+    ToolLength,    // value: H of G43, 0 without it: the tool in the spindle; or one of those below
 };
+
+constexpr double kNoToolLength = -1;   // G49
+constexpr double kOwnToolLength = -2;  // G43.1, G43.2; and M72, which may bring back any
 
 struct Fact {
     std::uint32_t line = 0;  // from 1
