@@ -131,6 +131,7 @@ CheckResult binaryResult(std::string_view program, CheckResult result, const Dra
 CheckResult check(std::string_view program, const CheckOptions& options, const Drawing* drawing) {
     CheckResult result;
     result.reading = read(program, options.machine);
+    result.depthGiven = options.depth.has_value();
     // What is read to its end is a program.
     if (result.reading.stopLine != 0 && isBinary(program)) {
         return binaryResult(program, std::move(result), drawing);

@@ -26,6 +26,7 @@ struct CheckResult {
     Reading reading;      // motions and lines, for whoever shows a place
     bool inches = false;  // the program's unit, in which all lengths here are
     double surface = 0;   // the material's top
+    bool depthGiven = false;  // CheckOptions::depth
     bool drawingGiven = false;
     // Whether objects were held against cuts. Not when the program stops before its last cut:
     // what is missing then is the stop's fault

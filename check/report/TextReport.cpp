@@ -121,6 +121,9 @@ void addLimits(std::string& text, const CheckResult& result, const ReportHead& h
         text += "Not checked: moves behind line " + std::to_string(reading.stopLine) +
                 ", where the reading stops\n";
     }
+    if (!result.depthGiven) {
+        text += "Not checked: how deep the program may cut, as no depth was given\n";
+    }
     text += coverageText(result) + '\n';
 }
 

@@ -273,8 +273,8 @@ TEST_F(Check, ReportsTheSameAfterGeneratingAndFromTheFile) {
     const QString program = m_work.path("flange.nc");
     const QStringList arguments{example("flange.dxf"), "-o", program, "--check", "--quiet"};
     const CommandRun made = runProgram(arguments + toolPathSettings());
-    const CommandRun read =
-        check({program, "--drawing", example("flange.dxf"), "--feed-z", "100", "--quiet"});
+    const CommandRun read = check({program, "--drawing", example("flange.dxf"), "--feed-z", "100",
+                                   "--depth", "-1", "--quiet"});
     EXPECT_EQ(made.code, 5);
     EXPECT_EQ(read.code, 5);
     EXPECT_EQ(made.messages, read.output);

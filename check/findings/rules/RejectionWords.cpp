@@ -36,6 +36,11 @@ bool isExponent(std::string_view text, std::uint32_t column) {
     return (at(text, column) | 0x20) == 'e' && isDigit(at(text, column - 1));
 }
 
+bool isDecimalComma(std::string_view text, std::uint32_t column) {
+    return at(text, column) == ',' && isDigit(at(text, column + 1)) &&
+           (column > 1 && isDigit(at(text, column - 1)));
+}
+
 bool isLetterO(std::string_view text, std::uint32_t column) {
     return (at(text, column) | 0x20) == 'o';
 }
@@ -110,6 +115,9 @@ std::string reasonFor(const Diagnostic& diagnostic, std::string_view text) {
     if (isExponent(text, diagnostic.column)) {
         return ": found a number with an exponent, as very small and very large ones are written; "
                "numbers must be plain.";
+    }
+    if (isDecimalComma(text, diagnostic.column) && !isRemark(text)) {
+        return ": found a comma within a number; decimals stand behind a point.";
     }
     if (isLetterForZero(text, diagnostic.column)) {
         return ": found the letter O; a zero was meant?";

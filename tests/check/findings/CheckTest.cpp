@@ -270,6 +270,17 @@ TEST(Check, SaysInPlainWordsWhatARejectedLineOfThePanelLacks) {
               0U);
 }
 
+TEST(Check, SaysThatDecimalsStandBehindAPointNotBehindAComma) {
+    const auto sentenceOf = [](const char* program) {
+        return check(program, {}, nullptr).findings.front().sentence;
+    };
+    EXPECT_EQ(sentenceOf("G21\nG0 X10,5\n"),
+              "A controller stops here: found a comma within a number; decimals stand behind a "
+              "point.");
+    EXPECT_EQ(sentenceOf("G21\nG0 X10, Y5\n"),
+              "A controller stops here: found ,, expected a word or a comment.");
+}
+
 // Of the first finding.
 std::string sentenceOf(const std::string& program) {
     const CheckResult result = check(program);

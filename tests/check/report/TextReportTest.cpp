@@ -44,6 +44,7 @@ TEST(TextReport, HasAFindingALineThenCountsObjectsAndFigures) {
         "  time: 4 s (feed 4 s, rapid 0 s, dwell 0 s)\n"
         "\n"
         "Surface at Z0\n"
+        "Not checked: how deep the program may cut, as no depth was given\n"
         "0 of 1 selected object cut entirely\n"
         "1 error, 1 warning\n");
 }
@@ -61,17 +62,21 @@ TEST(TextReport, EndsWithItsVerdictBehindWhatWasNotChecked) {
     const std::string clean = textReport(check(kClean), head);
     EXPECT_TRUE(endsWith(clean,
                          "\nSurface at Z0, as nothing else was said\n"
+                         "Not checked: how deep the program may cut, as no depth was given\n"
                          "Not checked: what is cut where, as no drawing was given\n"
                          "No findings\n"))
         << clean;
     CheckOptions options;
     options.surfaceZ = 0.5;
     EXPECT_NE(textReport(check(kClean, options)).find("\nSurface at Z0.5\n"), std::string::npos);
+    options.depth = -1;
+    EXPECT_EQ(textReport(check(kClean, options)).find("how deep"), std::string::npos);
     const std::string warned = textReport(check("G21 G90\nG0 X0 Y0\nG0 Z5\n"));
     EXPECT_TRUE(endsWith(warned, "\nNo errors, 1 warning\n")) << warned;
     const std::string stopped = textReport(check("G21\nfoul\nG0 X5\n"));
     EXPECT_TRUE(endsWith(stopped,
                          "Not checked: moves behind line 2, where the reading stops\n"
+                         "Not checked: how deep the program may cut, as no depth was given\n"
                          "Not checked: what is cut where, as no drawing was given\n"
                          "1 error\n"))
         << stopped;
