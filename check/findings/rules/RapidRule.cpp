@@ -53,7 +53,41 @@ void RapidRule::step(const Step& step) {
     } else {
         judge(step);
     }
+    noteTouch(step);
     m_isHeightKnown = step.endKnown;
+}
+
+void RapidRule::noteTouch(const Step& step) {
+    if (m_touching && step.isFeed() && step.isDown()) {
+        if (++m_touch.count == 1) {
+            m_touch.line = m_touching->line();
+            m_touch.place = placeOf(m_setting, *m_touching);
+        }
+    }
+    m_touching.reset();
+    const bool isOnto = step.isRapid() && step.heightKnown && m_isHeightKnown && step.isDown() &&
+                        std::abs(step.to.z - m_setting.surface) <= kSame;
+    if (isOnto && !isInHole(step)) {
+        m_touching = step;
+    }
+}
+
+void RapidRule::reportTouch() {
+    if (m_touch.count == 0) {
+        return;
+    }
+    Finding* const finding =
+        m_findings.add(FindingKind::RapidAtSurface, Severity::Warning, m_touch.line);
+    if (finding != nullptr) {
+        const std::string times =
+            m_touch.count > 1 ? ", " + std::to_string(m_touch.count) + " times in the program" : "";
+        finding->sentence =
+            "The tool comes down by rapid onto the surface before it plunges: where the work is "
+            "not perfectly flat, it hits it at full speed" +
+            times + '.';
+        finding->numbers = {{"moves", static_cast<double>(m_touch.count), Measure::Count}};
+        finding->place = m_touch.place;
+    }
 }
 
 void RapidRule::judge(const Step& step) {
@@ -102,6 +136,7 @@ void RapidRule::close() {
 
 void RapidRule::finish() {
     close();
+    reportTouch();
 }
 
 }  // namespace gcode_check

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
+
 #include "findings/CutEnds.h"
 #include "findings/Findings.h"
 #include "findings/Step.h"
@@ -29,7 +31,16 @@ private:
         Place place;
     };
 
+    // Straight down onto the surface, from where a plunge goes on.
+    struct Touch {
+        std::size_t count = 0;
+        std::uint32_t line = 0;
+        Place place;
+    };
+
     void judge(const Step& step);
+    void noteTouch(const Step& step);
+    void reportTouch();
     double lowestKnown(const Step& step) const;
     bool isHit(const Step& step, FindingKind& kind);
     bool isInHole(const Step& step);
@@ -43,6 +54,8 @@ private:
     bool m_hole = false;
     bool m_isHeightKnown = false;  // where the tool stands
     CutEnds m_cutEnds;
+    std::optional<Step> m_touching;
+    Touch m_touch;
 };
 
 }  // namespace gcode_check
