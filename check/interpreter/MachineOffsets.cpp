@@ -22,6 +22,13 @@ void scaleLinear(Axes& axes, double factor) {
     }
 }
 
+Axes combined(Axes axes, double factor, const Axes& other) {
+    for (std::size_t i = 0; i < axes.size(); ++i) {
+        axes[i] += factor * other[i];
+    }
+    return axes;
+}
+
 }  // namespace
 
 void Machine::scale(double factor) {
@@ -186,7 +193,10 @@ bool Machine::setOrigin(const Block& block, Fault& fault) {
     const bool isFromPosition = std::lround(block.value('L')) == 20;
     const auto number = static_cast<std::size_t>(block.value('P'));
     const std::size_t system = number == 0 ? m_system : number - 1;
-    const Axes machine = toMachineAxes(m_position);
+    // A controller that turns the system in force turns the coordinate without G52 and G92: the
+    // axes of the next move that are not named go to where it believes the tool to be.
+    const Axes besides = block.has('R') && system == m_system ? m_offset92 : Axes{};
+    const Axes machine = toMachineAxes(combined(m_position, -1, besides));
     if (block.has('R')) {
         m_rotationsDeg[system] = block.value('R');
     }
@@ -200,7 +210,7 @@ bool Machine::setOrigin(const Block& block, Fault& fault) {
     if (system == m_system) {
         m_zeroLine = m_line;
         enterFrame();
-        m_position = toProgramAxes(machine);
+        m_position = combined(toProgramAxes(machine), 1, besides);
     }
     return true;
 }

@@ -205,6 +205,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"g10L2OfTheSystemInForce", "G10 L2 P0 Y3\nG0 X0 Y0", "rapid 0 3 0"},
                     Row{"g10L20", "G0 X5\nG10 L20 P1 X1\nX0", "rapid 5 0 0 | rapid 4 0 0"},
                     Row{"rotation", "G10 L2 P1 R90\nG0 X1", "rapid 0 1 0"},
+                    Row{"rotationBesideG52", "G0 X10\nG52 X3 Y2\nG10 L2 P1 R90\nG0 X0",
+                        "rapid 10 0 0 | rapid 5 3 0"},
                     Row{"g92", "G0 X5\nG92 X1\nX0\nG92.2\nX0\nG92.3\nX0\nG92.1\nG92.3\nX0",
                         "rapid 5 0 0 | rapid 4 0 0 | rapid 0 0 0 | rapid 4 0 0 | rapid 0 0 0"},
                     Row{"g52", "G52 X2\nG0 X1\nG52 X0\nX1", "rapid 3 0 0 | rapid 1 0 0"},
