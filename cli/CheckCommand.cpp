@@ -103,6 +103,7 @@ int Checking::readDrawing() {
 
 gcode_check::CheckOptions Checking::checkOptions() const {
     gcode_check::CheckOptions options = checkOptionsOf(m_options.check);
+    options.machine.tools = m_options.tools;
     options.machine.blockDelete = m_options.blockDelete;
     options.machine.startsInInches = m_options.startUnit == Unit::Inch;
     return options;

@@ -10,6 +10,7 @@
 
 #include "ObjectChoice.h"
 #include "ProgramCheck.h"
+#include "interpreter/MachineState.h"
 
 // What the command lines of several commands are made of.
 
@@ -20,6 +21,10 @@ std::optional<double> numberIn(const std::string& text);
 CLI::Validator isNumber();
 CLI::Validator isPositive();
 CLI::Validator isNotNegative();
+
+/// "3=6" or "3=0.25in": a tool's number, not 0, and its diameter, not below 0, in millimetres
+/// unless it says inches.
+std::optional<gcode_check::Tool> toolIn(const std::string& text);
 
 /// Accepts the given words only, and names them.
 CLI::Validator oneOf(const std::vector<std::string>& words);

@@ -118,6 +118,25 @@ std::optional<int> parse(CLI::App& app, int argc, char** argv) {
     return std::nullopt;
 }
 
+void addTools(CLI::App& app, std::vector<gcode_check::Tool>& tools) {
+    const auto check = [](const std::string& text) {
+        return toolIn(text) ? std::string()
+                            : "'" + text + "' is no tool: NUMBER=DIAMETER, as 3=6 or 3=0.25in";
+    };
+    const auto take = [&tools](const std::vector<std::string>& texts) {
+        for (const std::string& text : texts) {
+            tools.push_back(*toolIn(text));
+        }
+    };
+    app.add_option_function<std::vector<std::string>>("--tool", take,
+                                                      "A tool's diameter in millimetres, or inches "
+                                                      "with \"in\", for G41 and G42; once per tool")
+        ->type_name("NUMBER=DIAMETER")
+        ->expected(1)
+        ->take_all()
+        ->check(check);
+}
+
 void addCheckCommand(CLI::App& app, CheckCommandOptions& options) {
     app.add_option("program", options.program, "The program, a G-code file; -: standard input")
         ->type_name("PROGRAM")
@@ -142,6 +161,7 @@ void addCheckCommand(CLI::App& app, CheckCommandOptions& options) {
     addChoice<Unit>(app, "--start-unit", options.startUnit,
                     {{"mm", Unit::Millimetre}, {"inch", Unit::Inch}},
                     "Unit of the machine before the first G20 or G21 (default mm)");
+    addTools(app, options.tools);
     app.add_flag("--block-delete", options.blockDelete, "Leave out the lines that begin with /");
     app.add_flag("--report", options.report, "Print what was read from the drawing");
     app.add_flag("--json", options.json, "Print the report as JSON");

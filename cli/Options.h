@@ -76,6 +76,8 @@ struct CheckCommandOptions {
     std::optional<Unit> drawingUnit;
     CheckSettings check;
     Unit startUnit = Unit::Millimetre;
+    /// Those whose diameters are known.
+    std::vector<gcode_check::Tool> tools;
     bool blockDelete = false;
     bool json = false;
     bool report = false;

@@ -339,6 +339,27 @@ TEST_F(Check, KnowsTheSwitchesOfTheMachine) {
     EXPECT_TRUE(has(check({noUnit, "--start-unit", "inch"}).output, "Figures (in)"));
 }
 
+TEST_F(Check, FollowsCompensationByToolsWhoseDiametersItIsTold) {
+    const QByteArray program =
+        "G21 G90 G17\nM3 S1000\nT3 M6\nM3\nG0 X0 Y-20\nG0 Z5\nG1 Z-1 F50\n"
+        "G41 D3 G1 X0 Y-10 F100\nY30\nX40\nG40 Y60\nG0 Z5\nM5\nM30\n";
+    const QString file = m_work.write("comp.nc", program);
+    const CommandRun unknown = check({file});
+    EXPECT_EQ(unknown.code, 5);
+    EXPECT_TRUE(has(unknown.output, "[not-interpreted]")) << unknown.output.constData();
+    EXPECT_EQ(check({file, "--tool", "4=6"}).code, 5) << "another tool";
+    const CommandRun known = check({file, "--tool", "4=2", "--tool", "3=6"});
+    EXPECT_EQ(known.code, 0) << known.output.constData();
+    EXPECT_TRUE(has(known.output, "moves: X-3 to 40")) << known.output.constData();
+    // Left of the way to Y30 by half the diameter, in millimetres or in inches.
+    EXPECT_TRUE(has(check({file, "--tool", "3=0.25in"}).output, "X-3.175 to 40"));
+    for (const char* bad : {"3", "=6", "3=", "x=6", "0=6", "3=-1", "3=in", "3=6mm"}) {
+        const CommandRun run = check({file, "--tool", bad});
+        EXPECT_EQ(run.code, 1) << bad;
+        EXPECT_TRUE(has(run.messages, "is no tool")) << bad << run.messages.constData();
+    }
+}
+
 TEST_F(Check, TakesAnotherUnitForTheDrawing) {
     const QStringList arguments{programOf(m_drawing), "--drawing", m_drawing};
     EXPECT_FALSE(has(check(arguments).output, "[units-differ]"));
