@@ -280,13 +280,11 @@ namespace {
 
 std::string modeLine(Chance& chance, bool hasTools) {
     static const std::vector<std::string> always = {
-        "F100",     "F33.33",    "F7.04",    "S500",   "S12.7", "M3",
-        "M4",       "M5",        "M7",       "M8",     "M9",    "G17",
-        "G18",      "G19",       "G90",      "G91",    "G90.1", "G91.1",
-        "G94 F50",  "G95 F2 S9", "G98",      "G99",    "G54",   "G55",
-        "G59.3",    "G61",       "G64 P0.1", "M48",    "M49",   "G10 L2 P2 X3",
-        "G92 Z1",   "G92.2",     "G92.3",    "G52 X2", "G92.1", "G93",
-        "G94 F9 S3"};
+        "F100",  "F33.33", "F7.04",    "S500",      "S12.7",    "M3",           "M4",     "M5",
+        "M7",    "M8",     "M9",       "G17",       "G18",      "G19",          "G90",    "G91",
+        "G90.1", "G91.1",  "G94 F50",  "G95 F2 S9", "G98",      "G99",          "G54",    "G55",
+        "G59.3", "G61",    "G64 P0.1", "M48",       "M49",      "G10 L2 P2 X3", "G92 Z1", "G92.2",
+        "G92.3", "G52 X2", "G92.1",    "G93",       "G94 F9 S3"};
     static const std::vector<std::string> ofUnits = {"G20", "G21"};
     static const std::vector<std::string> ofTools = {"G43", "G49", "G43 H2", "G43.1 Z3", "G49"};
     const auto& others = hasTools ? ofTools : ofUnits;
