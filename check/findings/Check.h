@@ -23,9 +23,9 @@ struct CheckResult {
     // Findings beyond CheckOptions::findingsPerKind, by FindingKind
     std::array<std::size_t, 32> leftOut{};
     Figures figures;
-    Reading reading;      // motions and lines, for whoever shows a place
-    bool inches = false;  // the program's unit, in which all lengths here are
-    double surface = 0;   // the material's top
+    Reading reading;          // motions and lines, for whoever shows a place
+    bool inches = false;      // the program's unit, in which all lengths here are
+    double surface = 0;       // the material's top
     bool depthGiven = false;  // CheckOptions::depth
     bool drawingGiven = false;
     // Whether objects were held against cuts. Not when the program stops before its last cut:
