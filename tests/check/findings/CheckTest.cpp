@@ -97,12 +97,17 @@ TEST(Check, TellsOfACrowdOfCutsWhatItTellsOfAFew) {
     }
 }
 
-TEST(Check, ChordsOfACircleCutAgainAreCutTwiceThoughAHairIsMissingWhereTheyJoin) {
-    Drawing drawing;
+Drawing circleOfRadiusFive() {
     Shape circle;
     circle.kind = ShapeKind::Circle;
     circle.radius = 5;
+    Drawing drawing;
     drawing.shapes = {circle};
+    return drawing;
+}
+
+TEST(Check, ChordsOfACircleCutAgainAreCutTwiceThoughAHairIsMissingWhereTheyJoin) {
+    const Drawing drawing = circleOfRadiusFive();
     std::string program = kHead + "G0 X5.01 Y0\nG1 Z-1 F100\nF600\n";
     for (int turn = 0; turn < 2; ++turn) {
         for (int chord = 1; chord <= 180; ++chord) {
@@ -117,11 +122,7 @@ TEST(Check, ChordsOfACircleCutAgainAreCutTwiceThoughAHairIsMissingWhereTheyJoin)
 }
 
 TEST(Check, TheJoinsOfVeryShortChordsAreNoSecondCut) {
-    Drawing drawing;
-    Shape circle;
-    circle.kind = ShapeKind::Circle;
-    circle.radius = 5;
-    drawing.shapes = {circle};
+    const Drawing drawing = circleOfRadiusFive();
     for (const double radius : {4.985, 5.0, 5.015}) {
         std::string program = kHead + "G0 X" + numberText(radius) + " Y0\nG1 Z-1 F100\nF600\n";
         for (int chord = 1; chord <= 4000; ++chord) {

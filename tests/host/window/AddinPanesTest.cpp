@@ -100,6 +100,14 @@ protected:
             return bar != nullptr && bar->isVisible() && bar->count() == 2;
         }));
     }
+    /// A dock of the host's own in one place with the first pane.
+    QDockWidget* addGreenTab() const {
+        auto* const other = new QDockWidget("Other", window.get());
+        other->setWidget(coloured("#00ff00"));
+        window->addDockWidget(Qt::RightDockWidgetArea, other);
+        tabify(dock(), other);
+        return other;
+    }
     QScrollArea* area(std::size_t index = 0) const {
         return qobject_cast<QScrollArea*>(dock(index)->widget());
     }
@@ -306,10 +314,7 @@ TEST_F(AddinPanesTest, A_dock_of_the_host_covers_a_pane_behind_its_tab) {
     showWindow();
     const kxWindowHandle handle = make();
     fill(handle, coloured("#ff0000"));
-    auto* const layers = new QDockWidget("Layers", window.get());
-    layers->setWidget(coloured("#00ff00"));
-    window->addDockWidget(Qt::RightDockWidgetArea, layers);
-    tabify(dock(), layers);
+    QDockWidget* const layers = addGreenTab();
     layers->raise();
     const QPoint place(window->width() - 100, window->height() / 2);
     EXPECT_TRUE(waitUntil([&] { return seenAt(*window, place) == QColor(Qt::green); }));
@@ -325,10 +330,7 @@ TEST_F(AddinPanesTest, A_pane_is_seen_however_fast_its_tab_comes_back) {
     showWindow();
     const kxWindowHandle handle = make();
     fill(handle, coloured("#ff0000"));
-    auto* const other = new QDockWidget("Other", window.get());
-    other->setWidget(coloured("#00ff00"));
-    window->addDockWidget(Qt::RightDockWidgetArea, other);
-    tabify(dock(), other);
+    QDockWidget* const other = addGreenTab();
     const QPoint place(window->width() - 100, window->height() / 2);
     other->raise();
     ASSERT_TRUE(waitUntil([&] { return seenAt(*window, place) == QColor(Qt::green); }));

@@ -233,7 +233,7 @@ TEST_F(ProgramCheckTest, AFindingHasItsPageInTheManual) {
     auto* link = find<QLabel>("findingPage");
     link->setFocus();
     QTest::keyClick(link, Qt::Key_Tab);
-    Q_EMIT link->linkActivated("findings/cut-off-drawing.md");
+    QTest::keyClick(link, Qt::Key_Return);
     QWidget* help = nullptr;
     for (QWidget* top : QApplication::topLevelWidgets()) {
         if (top->objectName() == "helpWindow") {
