@@ -110,7 +110,7 @@ double distanceTo(const Piece& piece, const kxVector3& p) {
 std::vector<Piece> checkedPieces(const kxObject& object, const Objects& objects) {
     std::vector<Piece> pieces;
     for (const kxObject_ptr& each : objects) {
-        checkNumbers(*each);
+        checkPieceNumbers(*each);
         pieces.push_back(pieceOf(*each));
     }
     FUZZ_CHECK(objects.front()->GetLayer() == object.GetLayer());

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include <array>
 #include <cmath>
 #include <type_traits>
 
@@ -71,11 +72,15 @@ void check(const kxCircleArc_c& arc) {
     checkRound(arc);
 }
 
+std::array<double, 6> endsOf(const kxLine_c& line) {
+    std::array<double, 6> p{};
+    line.GetFirstPoint(&p[0], &p[1], &p[2]);
+    line.GetSecondPoint(&p[3], &p[4], &p[5]);
+    return p;
+}
+
 void check(const kxLine_c& line) {
-    double p[6];
-    line.GetFirstPoint(p, p + 1, p + 2);
-    line.GetSecondPoint(p + 3, p + 4, p + 5);
-    for (const double value : p) {
+    for (const double value : endsOf(line)) {
         checkGiven(value);
     }
 }
@@ -158,4 +163,16 @@ void checkNumbers(kxObject& object) {
                checkAs<kxCircle_c>(&object) || checkAs<kxCircleArc_c>(&object) ||
                checkAs<kxEllipseArc_c>(&object) || checkAs<kxPolyLine_c>(&object) ||
                checkAs<kxSpline_c>(&object) || checkAs<kxSimpleNote_c>(&object));
+}
+
+void checkPieceNumbers(kxObject& piece) {
+    const auto line = kxCast<kxLine_c>(&piece);
+    if (!line) {
+        checkNumbers(piece);
+        return;
+    }
+    // Points of a curve: an ellipse may reach beyond what its center and axes may be.
+    for (const double value : endsOf(*line)) {
+        checkComputed(value);
+    }
 }

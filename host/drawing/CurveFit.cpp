@@ -20,11 +20,18 @@ constexpr int kGreatestDepth = 24;
 constexpr std::size_t kGreatestCount = 50000;
 /// Between samples the deviation may be a little greater than at them.
 constexpr double kSafety = 0.75;
+/// How far inside of a span, as a part of it, its ends' derivatives are taken: at a corner the one
+/// at the end itself may belong to the far side.
+constexpr double kInside = 1e-6;
 /// What counts as straight, as a part of the tolerance.
 constexpr double kStraightness = 1e-3;
 
 double distance(const kxVector3& a, const kxVector3& b) {
     return std::hypot(a.x - b.x, a.y - b.y, a.z - b.z);
+}
+
+double length(const kxVector3& v) {
+    return std::hypot(v.x, v.y, v.z);
 }
 
 double chordDistance(const kxVector3& p, const kxVector3& a, const kxVector3& b) {
@@ -72,15 +79,21 @@ private:
 
         double at(double fraction) const { return start + fraction * (end - start); }
     };
-    using Samples = std::array<kxVector3, kSamples + 2>;
+    /// The points of a span, evenly spaced by its parameter, and the derivatives inside of it.
+    struct Samples {
+        std::array<kxVector3, kSamples + 2> points;
+        std::array<kxVector3, kSamples + 2> derivatives;
+        double step = 0;
+    };
 
     void measure();
-    kxVector3 point(double parameter) const;
+    kxVector3 inPlane(kxVector3 p) const;
+    kxVector3 point(double parameter) const { return inPlane(m_curve.at(parameter).position); }
     void fitSpan(const Span& span, int depth);
     Samples sample(const Span& span) const;
     bool isStraight(const Samples& samples) const;
-    bool turnsBack(const Span& span) const;
-    std::optional<Vector2> direction(const Span& span, bool atEnd) const;
+    bool turnsUnseen(const Samples& samples) const;
+    std::optional<Vector2> direction(double parameter, const kxVector3& inside) const;
     bool fits(const std::array<BulgeSegment, 2>& arcs, const Samples& samples,
               const Span& span) const;
     double distanceToCurve(const kxVector3& p, const Samples& samples, const Span& span) const;
@@ -113,8 +126,7 @@ void ArcFitter::measure() {
     m_planar = high.z - low.z <= m_tolerance * kStraightness;
 }
 
-kxVector3 ArcFitter::point(double parameter) const {
-    kxVector3 p = m_curve.at(parameter).position;
+kxVector3 ArcFitter::inPlane(kxVector3 p) const {
     if (m_planar) {
         p.z = m_height;
     }
@@ -123,35 +135,44 @@ kxVector3 ArcFitter::point(double parameter) const {
 
 ArcFitter::Samples ArcFitter::sample(const Span& span) const {
     Samples samples;
-    samples.front() = span.first;
-    samples.back() = span.last;
+    samples.step = (span.end - span.start) / (kSamples + 1);
+    samples.points.front() = span.first;
+    samples.derivatives.front() = m_curve.at(span.at(kInside)).derivative;
     for (std::size_t i = 1; i <= kSamples; ++i) {
-        samples[i] = point(span.at(static_cast<double>(i) / (kSamples + 1)));
+        const CurvePoint c = m_curve.at(span.at(static_cast<double>(i) / (kSamples + 1)));
+        samples.points[i] = inPlane(c.position);
+        samples.derivatives[i] = c.derivative;
     }
+    samples.points.back() = span.last;
+    samples.derivatives.back() = m_curve.at(span.at(1 - kInside)).derivative;
     return samples;
 }
 
 bool ArcFitter::isStraight(const Samples& samples) const {
     const double bound = m_tolerance * (m_planar ? kStraightness : kSafety);
-    return std::all_of(samples.begin(), samples.end(), [&](const kxVector3& p) {
-        return chordDistance(p, samples.front(), samples.back()) <= bound;
+    const auto& points = samples.points;
+    return std::all_of(points.begin(), points.end(), [&](const kxVector3& p) {
+        return chordDistance(p, points.front(), points.back()) <= bound;
     });
 }
 
-/// Whether the curve may run on beyond an end of its chord, along the same line, and come back
-/// before the sample beside it.
-bool ArcFitter::turnsBack(const Span& span) const {
-    const kxVector3 v{span.last.x - span.first.x, span.last.y - span.first.y,
-                      span.last.z - span.first.z};
-    const double length = distance(span.first, span.last);
-    const double step = (span.end - span.start) / (kSamples + 1);
-    // From inside: at a corner the derivative belongs to either side.
-    const auto runsBack = [&](double fraction) {
-        const kxVector3 d = m_curve.at(span.at(fraction)).derivative;
-        const double along = d.x * v.x + d.y * v.y + d.z * v.z;
-        return -along * step > m_tolerance * kSafety * length;
-    };
-    return runsBack(1e-6) || runsBack(1 - 1e-6);
+/// Whether the curve may run on and come back between two samples, farther than they show. Where
+/// the derivative goes evenly from d1 to d2 against it, the turning point is at most
+/// step |d1| |d2| / (|d1| + |d2|) / 2 from the nearer one; twice that is asked for.
+bool ArcFitter::turnsUnseen(const Samples& samples) const {
+    const auto& derivatives = samples.derivatives;
+    for (std::size_t i = 0; i + 1 < derivatives.size(); ++i) {
+        const kxVector3& d1 = derivatives[i];
+        const kxVector3& d2 = derivatives[i + 1];
+        const double speed1 = length(d1);
+        const double speed2 = length(d2);
+        const bool comesBack = d1.x * d2.x + d1.y * d2.y + d1.z * d2.z < 0;
+        if (comesBack &&
+            samples.step * speed1 * (speed2 / (speed1 + speed2)) > m_tolerance * (1 - kSafety)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void ArcFitter::fitSpan(const Span& span, int depth) {
@@ -160,13 +181,12 @@ void ArcFitter::fitSpan(const Span& span, int depth) {
     // A span may also be too short for its parameters to be told apart.
     const bool exhausted = depth >= kGreatestDepth || m_chain.size() >= kGreatestCount ||
                            !(middle > span.start && middle < span.end);
-    const bool straight = isStraight(samples);
-    const bool comesBack = straight && turnsBack(span);
-    if (exhausted || (straight && !comesBack)) {
+    const bool isSeen = !turnsUnseen(samples);
+    if (exhausted || (isSeen && isStraight(samples))) {
         m_chain.push_back({span.last, 0});
         return;
     }
-    if (m_planar && !comesBack && append(span, samples)) {
+    if (isSeen && m_planar && append(span, samples)) {
         return;
     }
     const kxVector3 p = point(middle);
@@ -175,8 +195,8 @@ void ArcFitter::fitSpan(const Span& span, int depth) {
 }
 
 bool ArcFitter::append(const Span& span, const Samples& samples) {
-    const std::optional<Vector2> start = direction(span, false);
-    const std::optional<Vector2> end = direction(span, true);
+    const std::optional<Vector2> start = direction(span.start, samples.derivatives.front());
+    const std::optional<Vector2> end = direction(span.end, samples.derivatives.back());
     if (!start || !end) {
         return false;
     }
@@ -192,11 +212,10 @@ bool ArcFitter::append(const Span& span, const Samples& samples) {
 
 /// The curve's direction at an end of a span, as seen from inside of the span: the derivative,
 /// unless it is 0 there or belongs to the far side of a corner.
-std::optional<Vector2> ArcFitter::direction(const Span& span, bool atEnd) const {
-    const kxVector3 own = m_curve.at(atEnd ? span.end : span.start).derivative;
+std::optional<Vector2> ArcFitter::direction(double parameter, const kxVector3& inside) const {
+    const kxVector3 own = m_curve.at(parameter).derivative;
     const std::optional<Vector2> there = directionOf(own.x, own.y);
-    const CurvePoint inside = m_curve.at(span.at(atEnd ? 1 - 1e-6 : 1e-6));
-    const std::optional<Vector2> near = directionOf(inside.derivative.x, inside.derivative.y);
+    const std::optional<Vector2> near = directionOf(inside.x, inside.y);
     if (there && near && there->x * near->x + there->y * near->y > 0.9999) {
         return there;
     }
@@ -208,7 +227,7 @@ bool ArcFitter::fits(const std::array<BulgeSegment, 2>& arcs, const Samples& sam
     const double bound = m_tolerance * kSafety;
     const SegmentDistance first(arcs[0]);
     const SegmentDistance second(arcs[1]);
-    for (const kxVector3& p : samples) {
+    for (const kxVector3& p : samples.points) {
         if (!(std::min(first.to(p), second.to(p)) <= bound)) {
             return false;
         }
@@ -226,15 +245,15 @@ bool ArcFitter::fits(const std::array<BulgeSegment, 2>& arcs, const Samples& sam
 /// From the nearest sample on, Gauss-Newton steps along the curve.
 double ArcFitter::distanceToCurve(const kxVector3& p, const Samples& samples,
                                   const Span& span) const {
+    const auto& points = samples.points;
     std::size_t nearest = 0;
-    for (std::size_t i = 1; i < samples.size(); ++i) {
-        if (distance(p, samples[i]) < distance(p, samples[nearest])) {
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        if (distance(p, points[i]) < distance(p, points[nearest])) {
             nearest = i;
         }
     }
-    double best = distance(p, samples[nearest]);
-    const double step = (span.end - span.start) / (kSamples + 1);
-    const double middle = span.start + static_cast<double>(nearest) * step;
+    double best = distance(p, points[nearest]);
+    const double middle = span.start + static_cast<double>(nearest) * samples.step;
     double t = middle;
     for (int i = 0; i < 4 && best > m_tolerance * 0.1; ++i) {
         const CurvePoint c = m_curve.at(t);
@@ -244,8 +263,8 @@ double ArcFitter::distanceToCurve(const kxVector3& p, const Samples& samples,
         }
         const double gap =
             (p.x - c.position.x) * c.derivative.x + (p.y - c.position.y) * c.derivative.y;
-        t = std::clamp(t + gap / slope2, std::max(span.start, middle - step),
-                       std::min(span.end, middle + step));
+        t = std::clamp(t + gap / slope2, std::max(span.start, middle - samples.step),
+                       std::min(span.end, middle + samples.step));
         best = std::min(best, distance(p, point(t)));
     }
     return best;

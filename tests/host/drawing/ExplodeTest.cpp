@@ -314,6 +314,53 @@ TEST(Explode, A_spline_that_turns_back_on_its_own_line_is_met_at_the_turn) {
     expectWithin(*other, exploded(*other), kDefaultTolerance);
 }
 
+TEST(Explode, A_spline_that_runs_a_little_past_the_end_of_a_piece_is_met_at_the_turn) {
+    // It turns at -17.407: 0.023 past its middle, where a piece ends, and before the next sample.
+    const auto spline =
+        kxCreateSpline("0", {3,
+                             {0.25, 0.25, 0.25, 0.25, 48.25, 96.25, 96.25, 96.25, 96.25},
+                             {{-48, 0, 0}, {-48, 0, 0}, {-48, 0, 0}, {0, 0, 0}, {-48, 0, 0}},
+                             {48, 48, 35, 48, 48}});
+    expectWithin(*spline, exploded(*spline), kDefaultTolerance);
+}
+
+/// Whether no point of a curve is farther from its pieces than the tolerance.
+void expectMet(const kxSpline_c& spline, const Objects& pieces) {
+    const auto [start, end] = endParams(spline);
+    for (int i = 0; i <= 1000; ++i) {
+        const kxVector3 p = pointAt(spline, start + (end - start) * i / 1000);
+        double nearest = HUGE_VAL;
+        for (const kxObject_ptr& piece : pieces) {
+            nearest = std::min(nearest, distanceToPiece(p, *piece));
+        }
+        EXPECT_LE(nearest, kDefaultTolerance);
+    }
+}
+
+TEST(Explode, Random_splines_along_a_line_or_nearly_are_met_wherever_they_turn) {
+    std::mt19937 random(20261121);
+    std::uniform_real_distribution<double> along(-50, 50);
+    std::uniform_real_distribution<double> weight(0.5, 2);
+    std::uniform_int_distribution<int> degrees(2, 5);
+    for (int round = 0; round < 400; ++round) {
+        const double spread = round % 3 == 0 ? 0 : std::pow(10, -round % 7);
+        kxSplineData data;
+        data.degree = degrees(random);
+        const int count = data.degree + 1 + round % 4;
+        for (int i = 0; i < count + data.degree + 1; ++i) {
+            data.knots.push_back(std::min(std::max(i - data.degree, 0), count - data.degree));
+        }
+        for (int i = 0; i < count; ++i) {
+            data.controlPoints.push_back({along(random), spread * along(random) / 50, 0});
+            data.weights.push_back(weight(random));
+        }
+        const auto spline = kxCreateSpline("0", data);
+        ASSERT_TRUE(spline);
+        expectMet(*spline, exploded(*spline));
+        ASSERT_FALSE(HasFailure()) << "round " << round;
+    }
+}
+
 TEST(Explode, A_spline_out_of_the_plane_gives_lines) {
     const auto spline = kxCreateSpline(
         "0", {3, {0, 0, 0, 0, 1, 1, 1, 1}, {{0, 0, 0}, {5, 9, 1}, {9, -9, 5}, {14, 0, 9}}, {}});
