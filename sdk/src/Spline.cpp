@@ -88,6 +88,7 @@ std::size_t Spline::spanAt(double t) const {
 
 std::vector<Homogeneous> Spline::controlPointsOfSpan(std::size_t span) const {
     std::vector<Homogeneous> points;
+    points.reserve(degree() + 1);
     for (std::size_t i = span - degree(); i <= span; ++i) {
         const kxVector3& p = m_data.controlPoints[i];
         const double w = m_data.weights[i];
