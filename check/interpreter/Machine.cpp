@@ -19,8 +19,8 @@ constexpr std::uint8_t kFlood = 2;
 
 Machine::Machine(const MachineOptions& options, Reading& reading)
     : m_options(options), m_reading(reading), m_machine(options.start) {
-    m_isInches = options.startsInInches;
-    m_mmPerUnit = m_isInches ? kMmPerInch : 1;
+    m_modes.inches = options.startsInInches;
+    m_mmPerUnit = m_modes.inches ? kMmPerInch : 1;
     for (std::size_t i = 0; i < m_origins.size(); ++i) {
         m_origins[i] = axesOf(options.systems[i], m_mmPerUnit);
     }
@@ -51,7 +51,7 @@ bool Machine::execute(const Block& block, Fault& fault) {
         setCoolant(block);
         dwell(block);
         if (block.hasG(GGroup::Plane)) {
-            m_plane = static_cast<Plane>(block.g(GGroup::Plane) / 10 - 17);
+            m_modes.plane = static_cast<Plane>(block.g(GGroup::Plane) / 10 - 17);
         }
         setUnit(block);
         if (!setCompensation(block, fault) ||
@@ -82,15 +82,15 @@ void Machine::end(std::uint32_t line) {
 void Machine::setFeedMode(const Block& block) {
     switch (block.g(GGroup::FeedMode)) {
         case 930:
-            m_feedMode = FeedMode::InverseTime;
+            m_modes.feedMode = FeedMode::InverseTime;
             break;
         case 940:
-            m_feedMode = FeedMode::PerMinute;
+            m_modes.feedMode = FeedMode::PerMinute;
             m_feed = 0;
             m_feedWord = 0;
             break;
         case 950:
-            m_feedMode = FeedMode::PerRevolution;
+            m_modes.feedMode = FeedMode::PerRevolution;
             m_feed = 0;
             m_feedWord = 0;
             break;
@@ -102,13 +102,13 @@ void Machine::setFeedMode(const Block& block) {
 // The feed is in the unit before the line: a unit word comes into force after F.
 void Machine::setFeedAndSpeed(const Block& block) {
     if (block.has('F')) {
-        const bool isInverse = m_feedMode == FeedMode::InverseTime;
+        const bool isInverse = m_modes.feedMode == FeedMode::InverseTime;
         m_feedWord = isInverse ? m_feedWord : block.value('F');
         m_feed = block.value('F') * (isInverse ? 1 : m_mmPerUnit);
     }
     if (block.has('S')) {
-        m_speed = block.value('S');
-        pushSpindle(m_spindle);
+        m_modes.spindleSpeed = block.value('S');
+        pushSpindle(m_modes.spindle);
     }
 }
 
@@ -186,20 +186,20 @@ void Machine::setSpindle(const Block& block) {
 }
 
 void Machine::pushSpindle(Spindle spindle) {
-    m_spindle = spindle;
+    m_modes.spindle = spindle;
     m_reading.motions.push_back(step(MotionKind::Spindle));
 }
 
 void Machine::setCoolant(const Block& block) {
     switch (block.m(MGroup::Coolant)) {
         case 7:
-            m_coolant |= kMist;
+            m_modes.coolant |= kMist;
             break;
         case 8:
-            m_coolant |= kFlood;
+            m_modes.coolant |= kFlood;
             break;
         case 9:
-            m_coolant = 0;
+            m_modes.coolant = 0;
             break;
         default:
             return;
@@ -226,29 +226,29 @@ void Machine::setUnit(const Block& block) {
 }
 
 void Machine::changeUnit(bool toInches) {
-    if (toInches == m_isInches) {
+    if (toInches == m_modes.inches) {
         return;
     }
-    m_isInches = toInches;
-    m_mmPerUnit = m_isInches ? kMmPerInch : 1;
-    scale(m_isInches ? 1 / kMmPerInch : kMmPerInch);
+    m_modes.inches = toInches;
+    m_mmPerUnit = m_modes.inches ? kMmPerInch : 1;
+    scale(m_modes.inches ? 1 / kMmPerInch : kMmPerInch);
     enterFrame();
 }
 
 void Machine::setDistances(const Block& block) {
     if (block.hasG(GGroup::Path)) {
-        m_pathMode = block.g(GGroup::Path) == 640   ? PathMode::Continuous
-                     : block.g(GGroup::Path) == 610 ? PathMode::ExactPath
-                                                    : PathMode::ExactStop;
+        m_modes.pathMode = block.g(GGroup::Path) == 640   ? PathMode::Continuous
+                           : block.g(GGroup::Path) == 610 ? PathMode::ExactPath
+                                                          : PathMode::ExactStop;
     }
     if (block.hasG(GGroup::Distance)) {
-        m_isRelative = block.g(GGroup::Distance) == 910;
+        m_modes.relative = block.g(GGroup::Distance) == 910;
     }
     if (block.hasG(GGroup::ArcDistance)) {
-        m_hasAbsoluteCentres = block.g(GGroup::ArcDistance) == 901;
+        m_modes.arcCentresAbsolute = block.g(GGroup::ArcDistance) == 901;
     }
     if (block.hasG(GGroup::Retract)) {
-        m_retractsToR = block.g(GGroup::Retract) == 990;
+        m_modes.retractToR = block.g(GGroup::Retract) == 990;
     }
 }
 
@@ -274,18 +274,18 @@ bool Machine::stop(const Block& block, Fault& fault) {
 
 // What M2 and M30 leave behind.
 void Machine::resetModes() {
-    m_spindle = Spindle::Off;
-    m_coolant = 0;
+    m_modes.spindle = Spindle::Off;
+    m_modes.coolant = 0;
     m_mode = 10;
-    m_plane = Plane::XY;
-    m_isRelative = false;
-    m_feedMode = FeedMode::PerMinute;
+    m_modes.plane = Plane::XY;
+    m_modes.relative = false;
+    m_modes.feedMode = FeedMode::PerMinute;
     m_feed = 0;
     m_feedWord = 0;
     const Axes machine = toMachineAxes(m_position);
-    m_system = 0;
+    m_modes.system = 1;
     m_offset92 = {};
-    m_is92On = false;
+    m_modes.offset92On = false;
     enterFrame();
     m_position = toProgramAxes(machine);
 }
@@ -294,17 +294,17 @@ Motion Machine::step(MotionKind kind) const {
     Motion motion;
     motion.line = m_line;
     motion.kind = kind;
-    motion.plane = m_plane;
-    motion.feedMode = m_feedMode;
-    motion.spindle = m_spindle;
-    motion.coolant = m_coolant;
+    motion.plane = m_modes.plane;
+    motion.feedMode = m_modes.feedMode;
+    motion.spindle = m_modes.spindle;
+    motion.coolant = m_modes.coolant;
     motion.frame = static_cast<std::uint32_t>(m_reading.frames.size() - 1);
     motion.rotary = m_rotary;
     motion.tool = m_tool;
     motion.from = m_machine;
     motion.to = m_machine;
     motion.feed = m_feed;
-    motion.spindleSpeed = m_speed;
+    motion.spindleSpeed = m_modes.spindleSpeed;
     return motion;
 }
 
@@ -322,21 +322,11 @@ bool Machine::push(const Motion& motion, Fault& fault) {
 void Machine::finish() {
     dropPending();
     MachineState& state = m_reading.state;
+    static_cast<Modes&>(state) = m_modes;
     state.position = m_machine;
     state.rotary = {m_position[3], m_position[4], m_position[5]};
-    state.inches = m_isInches;
-    state.relative = m_isRelative;
-    state.arcCentresAbsolute = m_hasAbsoluteCentres;
-    state.retractToR = m_retractsToR;
-    state.plane = m_plane;
-    state.feedMode = m_feedMode;
-    state.pathMode = m_pathMode;
-    state.spindle = m_spindle;
-    state.coolant = m_coolant;
-    state.system = static_cast<std::uint8_t>(m_system + 1);
     state.motionMode = static_cast<std::int16_t>(m_mode);
     state.feed = m_feed;
-    state.spindleSpeed = m_speed;
     state.tool = m_tool;
     state.nextTool = m_nextTool;
     for (std::size_t i = 0; i < m_origins.size(); ++i) {
@@ -344,7 +334,6 @@ void Machine::finish() {
     }
     state.rotationsDeg = m_rotationsDeg;
     state.offset92 = pointOf(m_offset92, m_mmPerUnit);
-    state.offset92On = m_is92On;
     state.toolOffset = pointOf(m_toolOffset, m_mmPerUnit);
 }
 

@@ -3,11 +3,11 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "interpreter/Block.h"
 #include "interpreter/Compensation.h"
 #include "interpreter/Reading.h"
-#include "interpreter/SavedModes.h"
 
 namespace gcode_check {
 
@@ -40,6 +40,13 @@ private:
         double dwell = 0;
         double peck = 0;
     };
+    // What M70 and M73 save and M72 brings back.
+    struct SavedModes {
+        Modes modes;
+        double feedWord = 0;
+        bool isCompensated = false;
+        bool hasToolOffset = false;
+    };
     struct Cycle;
 
     // Modes, in the order in which they come into force.
@@ -69,6 +76,7 @@ private:
 
     // Offsets.
     void scale(double factor);
+    std::size_t systemInForce() const { return m_modes.system - std::size_t{1}; }
     void useSystem(std::size_t system);
     void enterFrame();
     bool setToolLength(const Block& block, Fault& fault);
@@ -149,30 +157,19 @@ private:
     Axes m_position{};  // program coordinates
     Point m_machine;    // the same in machine coordinates, millimetres
     double m_mmPerUnit = 1;
-    bool m_isInches = false;
-    bool m_isRelative = false;
-    bool m_hasAbsoluteCentres = false;
-    bool m_retractsToR = true;
-    Plane m_plane = Plane::XY;
-    FeedMode m_feedMode = FeedMode::PerMinute;
-    PathMode m_pathMode = PathMode::Continuous;
-    Spindle m_spindle = Spindle::Off;
-    std::uint8_t m_coolant = 0;
+    Modes m_modes;
     int m_mode = kStartMode;
     double m_feed = 0;
     double m_feedWord = 0;  // as it was written last; 0 when the mode took it away; in inverse
                             // time the one before, and below 0 when a move made another one
-    double m_speed = 0;
     std::int32_t m_tool = 0;
     std::int32_t m_nextTool = 0;
 
-    std::size_t m_system = 0;
     std::uint32_t m_zeroLine = 0;
     std::array<Axes, 9> m_origins{};
     std::array<double, 9> m_rotationsDeg{};
     Axes m_offset92{};
     Axes m_kept92{};
-    bool m_is92On = false;
     Axes m_toolOffset{};
     Axes m_home28{};
     Axes m_home30{};
@@ -184,7 +181,7 @@ private:
     Sticky m_sticky;
     double m_initialLevel = 0;
     bool m_isInCycles = false;
-    SavedModes m_saved;
+    std::optional<SavedModes> m_saved;
     Compensation m_compensation;
 
     static constexpr int kStartMode = 800;

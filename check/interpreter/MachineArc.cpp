@@ -166,14 +166,14 @@ bool centreByRadius(const ArcWords& arc, AxisPair& centre, Fault& fault) {
 }  // namespace
 
 bool Machine::arc(const Block& block, int motion, Fault& fault) {
-    const PlaneAxes& axes = planeAxes(m_plane);
+    const PlaneAxes& axes = planeAxes(m_modes.plane);
     const Axes to = target(block);
     ArcWords words{block,
                    axes,
                    {m_position[axes.first], m_position[axes.second]},
                    {to[axes.first], to[axes.second]},
-                   m_isInches,
-                   m_hasAbsoluteCentres,
+                   m_modes.inches,
+                   m_modes.arcCentresAbsolute,
                    motion == 20};
     if (!checkFeed(block, motion, fault) || !checkWords(words, fault) ||
         !checkTurns(block, fault)) {

@@ -71,12 +71,12 @@ bool checkOneShot(const Block& block, std::size_t systemInForce, Fault& fault) {
 }  // namespace
 
 AxisPair Machine::inPlane(const Axes& axes) const {
-    const PlaneIndices& plane = planeIndices(m_plane);
+    const PlaneIndices& plane = planeIndices(m_modes.plane);
     return {axes[plane.first], axes[plane.second]};
 }
 
 Axes Machine::besideAxes(const Axes& program, const AxisPair& tool) const {
-    const PlaneIndices& plane = planeIndices(m_plane);
+    const PlaneIndices& plane = planeIndices(m_modes.plane);
     Axes result = program;
     result[plane.first] = tool.first + m_compensation.shift.first;
     result[plane.second] = tool.second + m_compensation.shift.second;
@@ -93,10 +93,10 @@ bool Machine::checkBeforeCompensation(const Block& block, Fault& fault) const {
         }
     }
     if (block.hasG(GGroup::Plane) &&
-        block.g(GGroup::Plane) / 10 - 17 != static_cast<int>(m_plane)) {
+        block.g(GGroup::Plane) / 10 - 17 != static_cast<int>(m_modes.plane)) {
         return forbid(block.columnOfG(GGroup::Plane), textOfG(block.g(GGroup::Plane)).text, fault);
     }
-    if (block.hasG(GGroup::Unit) && (block.g(GGroup::Unit) == 200) != m_isInches) {
+    if (block.hasG(GGroup::Unit) && (block.g(GGroup::Unit) == 200) != m_modes.inches) {
         return notFollowed(block.columnOfG(GGroup::Unit), textOfG(block.g(GGroup::Unit)).text,
                            fault);
     }
@@ -118,7 +118,7 @@ bool Machine::checkBehindCompensation(const Block& block, Fault& fault) const {
     if (isCycle(motion)) {
         return forbid(columnOfMove(block), textOfG(motion).text, fault);
     }
-    return checkOneShot(block, m_system, fault);
+    return checkOneShot(block, systemInForce(), fault);
 }
 
 bool Machine::setCompensation(const Block& block, Fault& fault) {
@@ -145,7 +145,7 @@ bool Machine::turnOn(const Block& block, Fault& fault) {
     if (m_compensation.isOn) {
         return reject(fault, Rule::CompensationOn, column, textOfG(code).text, "G40 before it");
     }
-    if (m_plane == Plane::YZ) {
+    if (m_modes.plane == Plane::YZ) {
         return reject(fault, Rule::CompensationPlane, column,
                       std::string(textOfG(code).text) + " in G19", "G17 or G18");
     }
@@ -160,7 +160,8 @@ bool Machine::turnOn(const Block& block, Fault& fault) {
     m_compensation.isOn = true;
     m_compensation.isLeaving = isLeaving;
     m_compensation.left = code < 420 ? radius : -radius;
-    m_compensation.shift = m_plane == Plane::XZ ? tipOf(orientation, std::abs(radius)) : AxisPair{};
+    m_compensation.shift =
+        m_modes.plane == Plane::XZ ? tipOf(orientation, std::abs(radius)) : AxisPair{};
     return true;
 }
 
@@ -172,7 +173,7 @@ bool Machine::programmedRadius(const Block& block, double& radius, int& orientat
     if (!block.has('D')) {
         return reject(fault, Rule::WordMissing, column, code.text, "D with the tool's diameter");
     }
-    if (block.has('L') && m_plane != Plane::XZ) {
+    if (block.has('L') && m_modes.plane != Plane::XZ) {
         return reject(fault, Rule::WordWithoutUse, block.column('L'), "L", "G18 with L");
     }
     orientation = static_cast<int>(std::lround(block.valueOr('L', 0)));
@@ -208,7 +209,7 @@ bool Machine::radiusOfTool(const Block& block, double& radius, int& orientation,
                       "a tool whose diameter is known, or G41.1 and G42.1 with the diameter as D");
     }
     orientation = tool == nullptr ? 0 : tool->orientation;
-    if (orientation != 0 && m_plane != Plane::XZ) {
+    if (orientation != 0 && m_modes.plane != Plane::XZ) {
         return reject(fault, Rule::CompensationPlane, block.columnOfG(GGroup::RadiusOffset),
                       "a lathe tool", "G18 for a lathe tool");
     }
@@ -366,7 +367,7 @@ bool Machine::settle(std::uint32_t column, Fault& fault) {
     if (!state.hasPending) {
         return true;
     }
-    const double tolerance = m_isInches ? kLongerArcInches : kLongerArcMm;
+    const double tolerance = m_modes.inches ? kLongerArcInches : kLongerArcMm;
     if (!state.isUnchecked && isTurnedRound(state.path, state.from, state.to, tolerance)) {
         const std::uint32_t line = m_reading.motions[state.pending].line;
         return reject(fault, Rule::CompensationGouge, column,

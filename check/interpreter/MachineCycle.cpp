@@ -41,7 +41,7 @@ struct Machine::Cycle {
 };
 
 bool Machine::cycle(const Block& block, int motion, Fault& fault) {
-    if (m_feedMode == FeedMode::InverseTime) {
+    if (m_modes.feedMode == FeedMode::InverseTime) {
         return reject(fault, Rule::CycleInverseTime, 1, textOfG(motion).text,
                       "G94 or G95 with a cycle");
     }
@@ -50,7 +50,7 @@ bool Machine::cycle(const Block& block, int motion, Fault& fault) {
     }
     Cycle cycle;
     cycle.code = motion;
-    cycle.axes = holeAxes(m_plane);
+    cycle.axes = holeAxes(m_modes.plane);
     if (!m_isInCycles) {
         m_initialLevel = m_position[cycle.axes.depth];
         m_isInCycles = true;
@@ -71,7 +71,7 @@ bool Machine::cycleWord(const Block& block, char letter, bool isSame, double& va
 
 bool Machine::cycleWords(const Block& block, int motion, Fault& fault) {
     const bool isSame = m_mode == motion;
-    const char depth = kLetters[holeAxes(m_plane).depth];
+    const char depth = kLetters[holeAxes(m_modes.plane).depth];
     if (!block.hasAxes()) {
         return reject(fault, Rule::AxesMissing, 1, textOfG(motion).text, "a coordinate");
     }
@@ -90,7 +90,7 @@ bool Machine::cycleWords(const Block& block, int motion, Fault& fault) {
     if (pecks && m_sticky.peck <= 0) {
         return reject(fault, Rule::PeckNotPositive, block.column('Q'), "Q0", "Q above 0");
     }
-    if (motion == 860 && m_spindle == Spindle::Off) {
+    if (motion == 860 && m_modes.spindle == Spindle::Off) {
         return reject(fault, Rule::SpindleMissing, 1, "G86", "M3 or M4 before it");
     }
     if (block.has('L') && std::lround(block.value('L')) == 0) {
@@ -101,9 +101,9 @@ bool Machine::cycleWords(const Block& block, int motion, Fault& fault) {
 
 bool Machine::cycleHoles(const Block& block, Cycle& cycle, Fault& fault) {
     const std::size_t depth = cycle.axes.depth;
-    const double before = m_isRelative ? m_initialLevel : 0;
+    const double before = m_modes.relative ? m_initialLevel : 0;
     cycle.r = m_sticky.r + before;
-    cycle.bottom = m_sticky.bottom + (m_isRelative ? cycle.r : 0);
+    cycle.bottom = m_sticky.bottom + (m_modes.relative ? cycle.r : 0);
     if (cycle.r < cycle.bottom) {
         return reject(fault, Rule::CycleRetractBelow, 1, "R below the bottom of the hole",
                       "R above it");
@@ -120,12 +120,12 @@ bool Machine::cycleHoles(const Block& block, Cycle& cycle, Fault& fault) {
         }
         initial = cycle.r;
     }
-    cycle.clear = m_retractsToR ? cycle.r : initial;
-    cycle.level = m_retractsToR ? m_position[depth] : std::max(m_position[depth], initial);
+    cycle.clear = m_modes.retractToR ? cycle.r : initial;
+    cycle.level = m_modes.retractToR ? m_position[depth] : std::max(m_position[depth], initial);
     Axes at = target(block);
     const double repeats = std::round(block.valueOr('L', 1));
     for (double i = 0; i < repeats; ++i) {
-        if (i > 0 && m_isRelative) {
+        if (i > 0 && m_modes.relative) {
             at = targetFrom(at, block);
         }
         at[depth] = cycle.level;
@@ -162,7 +162,7 @@ bool Machine::hole(const Cycle& cycle, Fault& fault) {
 
 // All strokes but the last.
 bool Machine::pecks(const Cycle& cycle, Fault& fault) {
-    const double gap = m_isInches ? kPeckGapInches : kPeckGapMm;
+    const double gap = m_modes.inches ? kPeckGapInches : kPeckGapMm;
     for (double depth = cycle.r - m_sticky.peck; depth > cycle.bottom; depth -= m_sticky.peck) {
         if (!strokeTo(cycle, depth, Stroke::Drill, fault)) {
             return false;
@@ -178,7 +178,7 @@ bool Machine::pecks(const Cycle& cycle, Fault& fault) {
 }
 
 bool Machine::holeEnd(const Cycle& cycle, Fault& fault) {
-    const Spindle turning = m_spindle;
+    const Spindle turning = m_modes.spindle;
     if (cycle.code == 820 || cycle.code == 860 || cycle.code == 890) {
         pushDwell(m_sticky.dwell);
     }

@@ -49,7 +49,7 @@ bool Machine::saveOrRestoreModes(const Block& block, Fault& fault) {
             saveModes();
             return true;
         case 71:
-            m_saved.isValid = false;
+            m_saved.reset();
             return true;
         case 72:
             break;
@@ -57,7 +57,7 @@ bool Machine::saveOrRestoreModes(const Block& block, Fault& fault) {
             return true;
     }
     const std::uint32_t column = block.columnOfM(MGroup::Spindle);
-    if (!m_saved.isValid) {
+    if (!m_saved) {
         return reject(fault, Rule::ModesNotSaved, column, "M72", "M70 or M73 before it");
     }
     // A controller forgets the rest of the line when it has something to bring back.
@@ -65,7 +65,7 @@ bool Machine::saveOrRestoreModes(const Block& block, Fault& fault) {
         return reject(fault, Rule::NotInterpretedCode, column, "M72 beside other words",
                       "M72 on a line of its own");
     }
-    if (m_saved.isCompensated || m_compensation.isOn) {
+    if (m_saved->isCompensated || m_compensation.isOn) {
         return reject(fault, Rule::NotInterpretedCode, column, "M72 with radius compensation",
                       "G40 before M70 and M72");
     }
@@ -73,51 +73,37 @@ bool Machine::saveOrRestoreModes(const Block& block, Fault& fault) {
 }
 
 void Machine::saveModes() {
-    m_saved.isValid = true;
-    m_saved.isCompensated = m_compensation.isOn;
-    m_saved.is92On = m_is92On;
-    m_saved.isInches = m_isInches;
-    m_saved.isRelative = m_isRelative;
-    m_saved.hasAbsoluteCentres = m_hasAbsoluteCentres;
-    m_saved.retractsToR = m_retractsToR;
-    m_saved.hasToolOffset = m_toolOffset != Axes{};
-    m_saved.plane = m_plane;
-    m_saved.feedMode = m_feedMode;
-    m_saved.pathMode = m_pathMode;
-    m_saved.spindle = m_spindle;
-    m_saved.coolant = m_coolant;
-    m_saved.system = m_system;
-    m_saved.feedWord = m_feedWord;
-    m_saved.speed = m_speed;
+    m_saved = SavedModes{m_modes, m_feedWord, m_compensation.isOn, m_toolOffset != Axes{}};
 }
 
 // The motion code stays as it is, and so do origins and by how much G92 shifts.
 bool Machine::restoreModes(Fault& fault) {
-    changeUnit(m_saved.isInches);
+    const Modes& saved = m_saved->modes;
+    changeUnit(saved.inches);
     restoreFeed();
     restoreSpindle();
-    m_plane = m_saved.plane;
     if (!restoreToolLength(fault)) {
         return false;
     }
-    changeSystem(m_saved.system);
-    if (m_is92On != m_saved.is92On) {
-        switch92(m_saved.is92On ? 923 : 922);
+    changeSystem(saved.system - std::size_t{1});
+    if (m_modes.offset92On != saved.offset92On) {
+        switch92(saved.offset92On ? 923 : 922);
     }
-    m_pathMode = m_saved.pathMode;
-    m_isRelative = m_saved.isRelative;
-    m_hasAbsoluteCentres = m_saved.hasAbsoluteCentres;
-    m_retractsToR = m_saved.retractsToR;
+    Modes restored = saved;
+    // Not as they were: the speed is whole now, and coolant has rules of its own.
+    restored.spindleSpeed = m_modes.spindleSpeed;
+    restored.coolant = m_modes.coolant;
+    m_modes = restored;
     restoreCoolant();
     return true;
 }
 
 // A new mode takes the feed away, and F comes back only when the number was another before that.
 void Machine::restoreFeed() {
-    const bool isOther = m_feedWord != m_saved.feedWord;
-    const bool isChanged = m_feedMode != m_saved.feedMode;
-    m_feedMode = m_saved.feedMode;
-    if (m_feedMode == FeedMode::InverseTime) {
+    const bool isOther = m_feedWord != m_saved->feedWord;
+    const bool isChanged = m_modes.feedMode != m_saved->modes.feedMode;
+    m_modes.feedMode = m_saved->modes.feedMode;
+    if (m_modes.feedMode == FeedMode::InverseTime) {
         return;
     }
     if (isChanged) {
@@ -125,30 +111,30 @@ void Machine::restoreFeed() {
         m_feedWord = 0;
     }
     if (isOther) {
-        m_feedWord = rewritten(m_saved.feedWord, 1);
+        m_feedWord = rewritten(m_saved->feedWord, 1);
         m_feed = m_feedWord * m_mmPerUnit;
     }
 }
 
 void Machine::restoreSpindle() {
-    if (m_speed != m_saved.speed) {
-        m_speed = rewritten(m_saved.speed, 0);
-        pushSpindle(m_spindle);
+    if (m_modes.spindleSpeed != m_saved->modes.spindleSpeed) {
+        m_modes.spindleSpeed = rewritten(m_saved->modes.spindleSpeed, 0);
+        pushSpindle(m_modes.spindle);
     }
-    if (m_spindle != m_saved.spindle) {
-        pushSpindle(m_saved.spindle);
+    if (m_modes.spindle != m_saved->modes.spindle) {
+        pushSpindle(m_saved->modes.spindle);
     }
 }
 
 // What was on is switched on again; what was off goes off only when both were off.
 void Machine::restoreCoolant() {
-    if (m_saved.coolant == 0 && m_coolant != 0) {
-        m_coolant = 0;
+    if (m_saved->modes.coolant == 0 && m_modes.coolant != 0) {
+        m_modes.coolant = 0;
         m_reading.motions.push_back(step(MotionKind::Coolant));
     }
     for (const std::uint8_t kind : {kMist, kFlood}) {
-        if ((m_saved.coolant & kind) != 0 && (m_coolant & kind) == 0) {
-            m_coolant |= kind;
+        if ((m_saved->modes.coolant & kind) != 0 && (m_modes.coolant & kind) == 0) {
+            m_modes.coolant |= kind;
             m_reading.motions.push_back(step(MotionKind::Coolant));
         }
     }
@@ -157,7 +143,7 @@ void Machine::restoreCoolant() {
 // The offset of the tool in the spindle, whichever it was before.
 bool Machine::restoreToolLength(Fault& fault) {
     const bool hasOffset = m_toolOffset != Axes{};
-    if (hasOffset == m_saved.hasToolOffset) {
+    if (hasOffset == m_saved->hasToolOffset) {
         return true;
     }
     Block block;

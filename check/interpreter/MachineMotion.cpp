@@ -66,7 +66,7 @@ Axes Machine::targetFrom(const Axes& from, const Block& block) const {
     Axes result = from;
     for (std::size_t i = 0; i < result.size(); ++i) {
         if (block.has(kLetters[i])) {
-            result[i] = block.value(kLetters[i]) + (m_isRelative ? from[i] : 0);
+            result[i] = block.value(kLetters[i]) + (m_modes.relative ? from[i] : 0);
         }
     }
     if (block.hasAny(Block::polarBits())) {
@@ -80,10 +80,10 @@ void Machine::setPolar(const Block& block, Axes& to) const {
     double distance = std::hypot(to[0], to[1]);
     double angle = std::atan2(to[1], to[0]);
     if (block.has('@')) {
-        distance = block.value('@') + (m_isRelative ? distance : 0);
+        distance = block.value('@') + (m_modes.relative ? distance : 0);
     }
     if (block.has('^')) {
-        angle = block.value('^') * kRadiansPerDegree + (m_isRelative ? angle : 0);
+        angle = block.value('^') * kRadiansPerDegree + (m_modes.relative ? angle : 0);
     }
     to[0] = distance * std::cos(angle);
     to[1] = distance * std::sin(angle);
@@ -92,17 +92,17 @@ void Machine::setPolar(const Block& block, Axes& to) const {
 // The origin lies in no direction.
 bool Machine::checkPolar(const Block& block, Fault& fault) const {
     if (!block.hasAny(Block::polarBits()) || m_position[0] != 0 || m_position[1] != 0 ||
-        (!m_isRelative && block.has('^'))) {
+        (!m_modes.relative && block.has('^'))) {
         return true;
     }
     const char letter = block.has('@') ? '@' : '^';
     return reject(fault, Rule::ModeForbids, block.column(letter), std::string(1, letter),
-                  m_isRelative ? "a position away from the origin" : "^ too, at the origin");
+                  m_modes.relative ? "a position away from the origin" : "^ too, at the origin");
 }
 
 // G53: the coordinates are the machine's, without any offset.
 bool Machine::machineTarget(const Block& block, Axes& result, Fault& fault) const {
-    if (m_isRelative) {
+    if (m_modes.relative) {
         return reject(fault, Rule::ModeForbids, block.columnOfG(GGroup::OneShot), "G53 in G91",
                       "G90 with G53");
     }
@@ -144,20 +144,20 @@ bool Machine::checkFeed(const Block& block, int motion, Fault& fault) const {
             block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
         return reject(fault, rule, column, textOfG(motion).text, expected);
     };
-    if (m_feedMode == FeedMode::InverseTime) {
+    if (m_modes.feedMode == FeedMode::InverseTime) {
         return block.has('F') || refuse(Rule::FeedMissing, "F on each line in G93");
     }
     if (m_feed == 0) {
         return refuse(Rule::FeedMissing, "F with a feed above 0 before it");
     }
-    if (m_feedMode == FeedMode::PerRevolution && m_speed == 0) {
+    if (m_modes.feedMode == FeedMode::PerRevolution && m_modes.spindleSpeed == 0) {
         return refuse(Rule::SpindleMissing, "S with a speed above 0 before it in G95");
     }
     return true;
 }
 
 void Machine::noteInverseFeed() {
-    if (m_feedMode == FeedMode::InverseTime) {
+    if (m_modes.feedMode == FeedMode::InverseTime) {
         m_feedWord = -1;
     }
 }

@@ -44,7 +44,7 @@ void Machine::scale(double factor) {
 }
 
 void Machine::useSystem(std::size_t system) {
-    m_system = system;
+    m_modes.system = static_cast<std::uint8_t>(system + 1);
     const double rotation = m_rotationsDeg[system];
     m_cosine = rotation == 0 ? 1 : std::cos(rotation * kRadiansPerDegree);
     m_sine = rotation == 0 ? 0 : std::sin(rotation * kRadiansPerDegree);
@@ -53,12 +53,12 @@ void Machine::useSystem(std::size_t system) {
 }
 
 void Machine::enterFrame() {
-    useSystem(m_system);
+    useSystem(systemInForce());
     Frame frame;
     frame.offset = pointOf(toMachineAxes(Axes{}), m_mmPerUnit);
-    frame.rotationDeg = m_rotationsDeg[m_system];
-    frame.inches = m_isInches;
-    frame.system = static_cast<std::uint8_t>(m_system + 1);
+    frame.rotationDeg = m_rotationsDeg[systemInForce()];
+    frame.inches = m_modes.inches;
+    frame.system = m_modes.system;
     const Point tool = pointOf(m_toolOffset, m_mmPerUnit);
     frame.zero = {frame.offset.x - tool.x, frame.offset.y - tool.y, frame.offset.z - tool.z};
     frame.zeroLine = m_zeroLine;
@@ -82,7 +82,7 @@ Axes Machine::toMachineAxes(const Axes& program) const {
     result[1] = result[0] * m_sine + result[1] * m_cosine;
     result[0] = x;
     for (std::size_t i = 0; i < result.size(); ++i) {
-        result[i] += m_origins[m_system][i] + m_toolOffset[i];
+        result[i] += m_origins[systemInForce()][i] + m_toolOffset[i];
     }
     return result;
 }
@@ -93,7 +93,7 @@ Axes Machine::toProgramAxes(const Axes& machine) const {
     }
     Axes result;
     for (std::size_t i = 0; i < result.size(); ++i) {
-        result[i] = machine[i] - m_origins[m_system][i] - m_toolOffset[i];
+        result[i] = machine[i] - m_origins[systemInForce()][i] - m_toolOffset[i];
     }
     const double x = result[0] * m_cosine + result[1] * m_sine;
     result[1] = result[1] * m_cosine - result[0] * m_sine;
@@ -155,7 +155,7 @@ void Machine::setSystem(const Block& block) {
 
 void Machine::changeSystem(std::size_t system) {
     const Axes machine = toMachineAxes(m_position);
-    m_system = system;
+    m_modes.system = static_cast<std::uint8_t>(system + 1);
     m_zeroLine = m_line;
     enterFrame();
     m_position = toProgramAxes(machine);
@@ -192,10 +192,10 @@ bool Machine::setOrigin(const Block& block, Fault& fault) {
     }
     const bool isFromPosition = std::lround(block.value('L')) == 20;
     const auto number = static_cast<std::size_t>(block.value('P'));
-    const std::size_t system = number == 0 ? m_system : number - 1;
+    const std::size_t system = number == 0 ? systemInForce() : number - 1;
     // A controller that turns the system in force turns the coordinate without G52 and G92: the
     // axes of the next move that are not named go to where it believes the tool to be.
-    const Axes besides = block.has('R') && system == m_system ? m_offset92 : Axes{};
+    const Axes besides = block.has('R') && system == systemInForce() ? m_offset92 : Axes{};
     const Axes machine = toMachineAxes(combined(m_position, -1, besides));
     if (block.has('R')) {
         m_rotationsDeg[system] = block.value('R');
@@ -207,7 +207,7 @@ bool Machine::setOrigin(const Block& block, Fault& fault) {
             m_origins[system][i] = block.valueOr(kLetters[i], m_origins[system][i]);
         }
     }
-    if (system == m_system) {
+    if (system == systemInForce()) {
         m_zeroLine = m_line;
         enterFrame();
         m_position = combined(toProgramAxes(machine), 1, besides);
@@ -217,7 +217,7 @@ bool Machine::setOrigin(const Block& block, Fault& fault) {
 
 // Axes that are not named keep their coordinate in that system, turned with it.
 void Machine::setOriginFromPosition(const Block& block, std::size_t system, const Axes& machine) {
-    const std::size_t inForce = m_system;
+    const std::size_t inForce = systemInForce();
     useSystem(system);
     const Axes before = toProgramAxes(machine);
     Axes wanted = before;
@@ -243,7 +243,7 @@ void Machine::offset92(const Block& block) {
         m_offset92[i] = isShift ? value : m_position[i] + m_offset92[i] - value;
     }
     m_kept92 = m_offset92;
-    m_is92On = true;
+    m_modes.offset92On = true;
     m_zeroLine = m_line;
     enterFrame();
     m_position = toProgramAxes(machine);
@@ -254,7 +254,7 @@ void Machine::switch92(int code) {
     const Axes machine = toMachineAxes(m_position);
     m_kept92 = code == 921 ? Axes{} : m_kept92;
     m_offset92 = code == 923 ? m_kept92 : Axes{};
-    m_is92On = code == 923;
+    m_modes.offset92On = code == 923;
     m_zeroLine = m_line;
     enterFrame();
     m_position = toProgramAxes(machine);

@@ -37,29 +37,34 @@ struct MachineOptions {
 
 enum class PathMode : std::uint8_t { Continuous, ExactPath, ExactStop };  // G64, G61, G61.1
 
-// The modes after the last line that was executed.
-struct MachineState {
-    Point position;  // millimetres, machine coordinates
-    RotaryAxes rotary;
+// What M70 saves as it is: all that a word puts in force until another one does, but for the motion
+// code.
+struct Modes {
     bool inches = false;              // G20
     bool relative = false;            // G91
     bool arcCentresAbsolute = false;  // G90.1
-    bool retractToR = false;          // G99
+    bool retractToR = true;           // G99
+    bool offset92On = false;
     Plane plane = Plane::XY;
     FeedMode feedMode = FeedMode::PerMinute;
     PathMode pathMode = PathMode::Continuous;
     Spindle spindle = Spindle::Off;
-    std::uint8_t coolant = 0;        // bit 0: mist, bit 1: flood
-    std::uint8_t system = 1;         // 1: G54, ... 9: G59.3
+    std::uint8_t coolant = 0;  // bit 0: mist, bit 1: flood
+    std::uint8_t system = 1;   // 1: G54, ... 9: G59.3
+    double spindleSpeed = 0;   // revolutions a minute
+};
+
+// The machine after the last line that was executed.
+struct MachineState : Modes {
+    Point position;  // millimetres, machine coordinates
+    RotaryAxes rotary;
     std::int16_t motionMode = 0;     // tenths of the G number: 0, 10, 20, 30, 800, 810, ...
     double feed = 0;                 // millimetres a minute or a revolution, or moves a minute
-    double spindleSpeed = 0;         // revolutions a minute
     std::int32_t tool = 0;           // in the spindle
     std::int32_t nextTool = 0;       // the T word
     std::array<Point, 9> systems{};  // offsets of G54 to G59.3, millimetres
     std::array<double, 9> rotationsDeg{};
-    Point offset92;  // of G92 and G52 while they are on, millimetres
-    bool offset92On = false;
+    Point offset92;    // of G92 and G52 while they are on, millimetres
     Point toolOffset;  // of G43, millimetres
 };
 
