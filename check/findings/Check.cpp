@@ -104,7 +104,8 @@ private:
 Figures judgeMotions(const Setting& setting, Findings& findings) {
     MotionRules rules(setting, findings);
     StepWalk walk(setting);
-    while (walk.next()) {
+    const std::size_t steps = setting.reading.motions.size();
+    while (walk.next() && setting.goesOn(walk.step().index, steps)) {
         rules.step(walk.step());
     }
     return rules.finish();
@@ -126,24 +127,17 @@ CheckResult binaryResult(std::string_view program, CheckResult result, const Dra
     return result;
 }
 
-}  // namespace
+// How the time of a check is spent, roughly; with a drawing this is the first part of it.
+constexpr double kReadingShare = 0.65;
+constexpr double kReadingShareWithDrawing = 0.1;
 
-CheckResult check(std::string_view program, const CheckOptions& options, const Drawing* drawing) {
-    CheckResult result;
-    result.reading = read(program, options.machine);
-    result.depthGiven = options.depth.has_value();
-    // What is read to its end is a program.
-    if (result.reading.stopLine != 0 && isBinary(program)) {
-        return binaryResult(program, std::move(result), drawing);
-    }
-    const Setting setting = settingOf(program, result.reading, options, drawing);
-    Findings findings(options.findingsPerKind);
+void judge(const Setting& setting, const Drawing* drawing, Findings& findings,
+           CheckResult& result) {
     findRejections(setting, findings);
     findEnds(setting, findings);
     findUnits(setting, findings);
     findLineNumbers(setting, findings);
     findNoMotion(setting, findings);
-    result.inches = isInches(result.reading, options);
     result.surface = setting.surface;
     result.figures = judgeMotions(setting, findings);
     if (drawing != nullptr) {
@@ -159,6 +153,39 @@ CheckResult check(std::string_view program, const CheckOptions& options, const D
         // In another unit no depth is the one that was meant.
         findings.drop(FindingKind::CutTooDeep);
         findings.drop(FindingKind::DepthNotReached);
+    }
+}
+
+CheckResult stoppedResult() {
+    CheckResult result;
+    result.stopped = true;
+    return result;
+}
+
+}  // namespace
+
+CheckResult check(std::string_view program, const CheckOptions& options, const Drawing* drawing) {
+    CheckResult result;
+    Progress progress(options.progress);
+    const double reading = drawing != nullptr ? kReadingShareWithDrawing : kReadingShare;
+    progress.beginStage(reading);
+    result.reading = read(program, options.machine, &progress);
+    if (progress.isStopped()) {
+        return stoppedResult();
+    }
+    result.depthGiven = options.depth.has_value();
+    // What is read to its end is a program.
+    if (result.reading.stopLine != 0 && isBinary(program)) {
+        return binaryResult(program, std::move(result), drawing);
+    }
+    Setting setting = settingOf(program, result.reading, options, drawing);
+    setting.progress = &progress;
+    result.inches = isInches(result.reading, options);
+    Findings findings(options.findingsPerKind);
+    progress.beginStage(drawing != nullptr ? kReadingShareWithDrawing : 1 - reading);
+    judge(setting, drawing, findings, result);
+    if (progress.isStopped()) {
+        return stoppedResult();
     }
     findings.moveInto(result);
     for (Finding& finding : result.findings) {

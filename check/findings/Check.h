@@ -33,6 +33,7 @@ struct CheckResult {
     bool coverageJudged = false;
     std::size_t shapes = 0;
     std::size_t shapesCut = 0;  // entirely, within the tolerance
+    bool stopped = false;       // CheckOptions::progress wanted it: nothing else here counts
 };
 
 // Reads the program and judges it; with a drawing (null: none) also what is cut. Never throws for

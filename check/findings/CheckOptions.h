@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "interpreter/MachineState.h"
+#include "interpreter/Progress.h"
 
 namespace gcode_check {
 
@@ -26,6 +27,8 @@ struct CheckOptions {
     // So many findings of one kind are told, the others counted
     std::size_t findingsPerKind = 100;
     MachineOptions machine;
+    // For a check that takes long; none: nobody listens
+    ProgressListener progress;
 };
 
 }  // namespace gcode_check

@@ -32,7 +32,7 @@ bool isInches(const Reading& reading, const CheckOptions& options) {
 Setting settingOf(std::string_view program, const Reading& reading, const CheckOptions& options,
                   const Drawing* drawing) {
     const bool inches = isInches(reading, options);
-    Setting setting{program, reading, options, 1, 1, 0, 0, {}, false, Wording(inches)};
+    Setting setting{program, reading, options, 1, 1, 0, 0, {}, false, Wording(inches), nullptr};
     setting.mmPerUnit = inches ? kMmPerInch : 1;
     if (drawing != nullptr && drawing->mmPerUnit.value_or(0) > 0) {
         setting.unitsPerDrawingUnit = *drawing->mmPerUnit / setting.mmPerUnit;

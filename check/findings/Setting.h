@@ -34,6 +34,18 @@ struct Setting {
     // Something that cuts stands behind the line where the reading ends.
     bool moreBehind = false;
     Wording words{false};
+    Progress* progress = nullptr;
+
+    // Said in each round of a long loop; false: the check is stopped.
+    bool goesOn(std::size_t done, std::size_t all) const {
+        return progress == nullptr || progress->goesOn(done, all);
+    }
+    // What comes next is so much of the check.
+    void beginStage(double share) const {
+        if (progress != nullptr) {
+            progress->beginStage(share);
+        }
+    }
 };
 
 Setting settingOf(std::string_view program, const Reading& reading, const CheckOptions& options,

@@ -48,13 +48,14 @@ public:
     explicit Interpreter(const MachineOptions& options)
         : m_options(options), m_machine(options, m_reading) {}
 
-    Reading read(std::string_view program) {
+    Reading read(std::string_view program, Progress& progress) {
         // An estimate only: a line of a step is seldom shorter.
         constexpr std::size_t kMostReserved = std::size_t{1} << 22U;
         m_reading.motions.reserve(std::min(program.size() / 16, kMostReserved));
         const char* at = program.data();
         const char* const end = at + program.size();
-        while (at != end) {
+        while (at != end &&
+               progress.goesOn(static_cast<std::size_t>(at - program.data()), program.size())) {
             const void* found = std::memchr(at, '\n', static_cast<std::size_t>(end - at));
             const char* lineEnd = found == nullptr ? end : static_cast<const char*>(found);
             if (!line(std::string_view(at, static_cast<std::size_t>(lineEnd - at)))) {
@@ -220,8 +221,9 @@ private:
 
 }  // namespace
 
-Reading read(std::string_view program, const MachineOptions& options) {
-    return Interpreter(options).read(program);
+Reading read(std::string_view program, const MachineOptions& options, Progress* progress) {
+    Progress nobody(nullptr);
+    return Interpreter(options).read(program, progress != nullptr ? *progress : nobody);
 }
 
 }  // namespace gcode_check

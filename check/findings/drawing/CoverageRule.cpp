@@ -90,7 +90,8 @@ std::vector<Interval> uncutParts(const DrawingSetting& scene, const Target& targ
 std::size_t findUncut(const DrawingSetting& scene, const KnownObjects& known, Findings& findings) {
     std::size_t cut = 0;
     const std::vector<Target>& targets = scene.shapes.targets();
-    for (std::size_t index = 0; index < targets.size(); ++index) {
+    const std::size_t count = targets.size();
+    for (std::size_t index = 0; index < count && scene.setting.goesOn(index, count); ++index) {
         if (!targets[index].usable) {
             reportUnusable(scene, index, findings);
             continue;

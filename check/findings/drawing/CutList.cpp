@@ -235,7 +235,8 @@ private:
 CutList cutsOf(const Setting& setting, Heights heights) {
     Collector collector(setting, heights);
     StepWalk walk(setting);
-    while (walk.next()) {
+    const std::size_t steps = setting.reading.motions.size();
+    while (walk.next() && setting.goesOn(walk.step().index, steps)) {
         collector.step(walk.step());
     }
     return collector.finish();

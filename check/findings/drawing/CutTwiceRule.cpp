@@ -384,7 +384,8 @@ private:
 void findCutTwice(const DrawingSetting& scene, std::vector<bool>& followed, Findings& findings) {
     CutTwice rule(scene, followed, findings);
     const std::vector<Target>& targets = scene.shapes.targets();
-    for (std::size_t index = 0; index < targets.size(); ++index) {
+    const std::size_t count = targets.size();
+    for (std::size_t index = 0; index < count && scene.setting.goesOn(index, count); ++index) {
         if (targets[index].usable) {
             rule.judge(index);
         }

@@ -11,6 +11,13 @@
 namespace gcode_check {
 namespace {
 
+// How the time of a check is spent, roughly; reading and the rules without a drawing come before.
+constexpr double kCutsShare = 0.1;
+constexpr double kOffDrawingShare = 0.3;
+constexpr double kOffCentreShare = 0.05;
+constexpr double kTwiceShare = 0.25;
+constexpr double kUncutShare = 0.1;
+
 BoxTree treeOf(const std::vector<Cut>& cuts) {
     std::vector<PlaneBox> boxes;
     boxes.reserve(cuts.size());
@@ -31,13 +38,17 @@ BoxTree treeOf(const std::vector<Hole>& holes) {
 
 void applyRules(const DrawingSetting& scene, Findings& findings, CheckResult& result) {
     std::vector<bool> explained(scene.drawing.shapes.size(), false);
+    scene.setting.beginStage(kOffDrawingShare);
     findOffDrawing(scene, findings);
+    scene.setting.beginStage(kOffCentreShare);
     findOffCentre(scene, explained, findings);
     std::vector<bool> followed(scene.drawing.shapes.size(), false);
+    scene.setting.beginStage(kTwiceShare);
     findCutTwice(scene, followed, findings);
     // What is missing in a program that stops early is the stop's fault.
     if (!scene.setting.moreBehind) {
         result.coverageJudged = true;
+        scene.setting.beginStage(kUncutShare);
         const std::size_t cut = findUncut(scene, {explained, followed}, findings);
         // What the tool follows above the surface is not cut.
         result.shapesCut = findings.has(FindingKind::DepthZero) ? 0 : cut;
@@ -48,7 +59,11 @@ void applyRules(const DrawingSetting& scene, Findings& findings, CheckResult& re
 
 void checkDrawing(const Setting& setting, const Drawing& drawing, Heights heights,
                   Findings& findings, CheckResult& result) {
+    setting.beginStage(kCutsShare);
     const CutList cuts = cutsOf(setting, heights);
+    if (!setting.goesOn(1, 1)) {
+        return;
+    }
     const BoxTree cutTree = treeOf(cuts.cuts);
     const BoxTree holeTree = treeOf(cuts.holes);
     ShapeIndex shapes(drawing, setting.unitsPerDrawingUnit);

@@ -159,8 +159,9 @@ private:
 
 void findOffCentre(const DrawingSetting& scene, std::vector<bool>& explained, Findings& findings) {
     OffCentre rule(scene, explained, findings);
-    for (const Hole& hole : scene.cuts.holes) {
-        rule.judge(hole);
+    const std::vector<Hole>& holes = scene.cuts.holes;
+    for (std::size_t at = 0; at < holes.size() && scene.setting.goesOn(at, holes.size()); ++at) {
+        rule.judge(holes[at]);
     }
 }
 

@@ -172,8 +172,9 @@ private:
 
 void findOffDrawing(const DrawingSetting& scene, Findings& findings) {
     OffDrawing rule(scene, findings);
-    for (const Cut& cut : scene.cuts.cuts) {
-        rule.cut(cut);
+    const std::vector<Cut>& cuts = scene.cuts.cuts;
+    for (std::size_t at = 0; at < cuts.size() && scene.setting.goesOn(at, cuts.size()); ++at) {
+        rule.cut(cuts[at]);
     }
     rule.close();
 }
