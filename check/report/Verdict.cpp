@@ -50,7 +50,7 @@ std::string coverageText(const CheckResult& result) {
         return "Not checked: which objects are not cut, as the program stops before its last cut";
     }
     return ofSelected(result) + (areHeightsWrong(result)
-                                     ? "followed entirely, but see the heights above"
+                                     ? "followed entirely, but see the findings about heights"
                                      : "cut entirely");
 }
 

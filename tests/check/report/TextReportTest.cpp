@@ -124,7 +124,8 @@ TEST(TextReport, DoesNotCallCutWhatIsFollowedAtWrongHeights) {
     const std::string start = "M3 S1000\nG21 G90\nG0 X0 Y0\n";
     const std::string end = "G1 X10 F100\nG0 Z5\nM30\n";
     const std::string unknown = textReport(check(start + end, {}, &drawing));
-    EXPECT_NE(unknown.find("1 of 1 selected object followed entirely, but see the heights above"),
+    EXPECT_NE(unknown.find(
+                  "1 of 1 selected object followed entirely, but see the findings about heights"),
               std::string::npos)
         << unknown;
     const std::string known = textReport(check(start + "G0 Z5\nG1 Z-1 F50\n" + end, {}, &drawing));
