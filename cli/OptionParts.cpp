@@ -14,28 +14,6 @@ std::optional<double> numberIn(const std::string& text) {
     return whole ? std::optional(value) : std::nullopt;
 }
 
-std::optional<gcode_check::Tool> toolIn(const std::string& text) {
-    constexpr double kMmPerInch = 25.4;
-    const std::size_t sign = text.find('=');
-    if (sign == std::string::npos) {
-        return std::nullopt;
-    }
-    const bool isInches = text.size() > sign + 2 && text.compare(text.size() - 2, 2, "in") == 0;
-    const std::size_t end = text.size() - (isInches ? 2 : 0);
-    const std::optional<double> diameter = numberIn(text.substr(sign + 1, end - sign - 1));
-    std::int32_t number = 0;
-    const auto [last, error] = std::from_chars(text.data(), text.data() + sign, number);
-    const bool isWhole = error == std::errc() && last == text.data() + sign && number > 0;
-    if (!isWhole || !diameter || *diameter < 0) {
-        return std::nullopt;
-    }
-    gcode_check::Tool tool;
-    tool.number = number;
-    tool.pocket = number;
-    tool.diameterMm = *diameter * (isInches ? kMmPerInch : 1);
-    return tool;
-}
-
 namespace {
 
 std::string checkNumber(const std::string& text) {

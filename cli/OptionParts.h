@@ -10,7 +10,6 @@
 
 #include "ObjectChoice.h"
 #include "ProgramCheck.h"
-#include "interpreter/MachineState.h"
 
 // What the command lines of several commands are made of.
 
@@ -21,10 +20,6 @@ std::optional<double> numberIn(const std::string& text);
 CLI::Validator isNumber();
 CLI::Validator isPositive();
 CLI::Validator isNotNegative();
-
-/// "3=6" or "3=0.25in": a tool's number, not 0, and its diameter, not below 0, in millimetres
-/// unless it says inches.
-std::optional<gcode_check::Tool> toolIn(const std::string& text);
 
 /// Accepts the given words only, and names them.
 CLI::Validator oneOf(const std::vector<std::string>& words);

@@ -9,6 +9,7 @@
 #include "OptionParts.h"
 #include "SettingsReader.h"
 #include "Version.h"
+#include "interpreter/ToolText.h"
 
 namespace {
 
@@ -119,22 +120,19 @@ std::optional<int> parse(CLI::App& app, int argc, char** argv) {
 }
 
 void addTools(CLI::App& app, std::vector<gcode_check::Tool>& tools) {
-    const auto check = [](const std::string& text) {
-        return toolIn(text) ? std::string()
-                            : "'" + text + "' is no tool: NUMBER=DIAMETER, as 3=6 or 3=0.25in";
-    };
     const auto take = [&tools](const std::vector<std::string>& texts) {
-        for (const std::string& text : texts) {
-            tools.push_back(*toolIn(text));
+        gcode_check::ToolTexts read = gcode_check::toolsOf(texts);
+        if (!read.error.empty()) {
+            throw CLI::ValidationError("--tool", read.error);
         }
+        tools = std::move(read.tools);
     };
     app.add_option_function<std::vector<std::string>>("--tool", take,
                                                       "A tool's diameter in millimetres, or inches "
                                                       "with \"in\", for G41 and G42; once per tool")
         ->type_name("NUMBER=DIAMETER")
         ->expected(1)
-        ->take_all()
-        ->check(check);
+        ->take_all();
 }
 
 void addCheckCommand(CLI::App& app, CheckCommandOptions& options) {

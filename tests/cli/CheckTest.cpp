@@ -358,6 +358,9 @@ TEST_F(Check, FollowsCompensationByToolsWhoseDiametersItIsTold) {
         EXPECT_EQ(run.code, 1) << bad;
         EXPECT_TRUE(has(run.messages, "is no tool")) << bad << run.messages.constData();
     }
+    const CommandRun twice = check({file, "--tool", "3=6", "--tool", "3=8"});
+    EXPECT_EQ(twice.code, 1);
+    EXPECT_TRUE(has(twice.messages, "--tool: tool 3 is there twice")) << twice.messages.constData();
 }
 
 TEST_F(Check, TakesAnotherUnitForTheDrawing) {

@@ -289,7 +289,30 @@ bool isOfMode(const Diagnostic& diagnostic) {
            diagnostic.expected.find("interpreted here") == std::string::npos;
 }
 
+// "G41 without a known diameter of tool 4"
+bool isOfUnknownTool(const Diagnostic& diagnostic) {
+    return diagnostic.found.find(" without a known diameter of ") != std::string::npos;
+}
+
+Untold unknownTool(const Diagnostic& diagnostic) {
+    const std::string& found = diagnostic.found;
+    const std::size_t number = found.find_last_of(' ') + 1;
+    const bool isNumbered = number < found.size() && isDigit(found[number]);
+    const std::string tool = isNumbered ? found.substr(number) : "4";
+    const std::string example = tool + "=6";
+    const std::string begin = isNumbered
+                                  ? "Say how wide it is"
+                                  : "Name the tool in the program (T4 M6) and say how wide it is";
+    return {found + " is not followed by the check",
+            begin + ", if it has 6 mm: --tool " + example + " on the command line, " + example +
+                " under Tools in the window; or write " + found.substr(0, found.find(' ')) +
+                ".1 with its diameter as D"};
+}
+
 Untold unfollowedCode(const Diagnostic& diagnostic) {
+    if (isOfUnknownTool(diagnostic)) {
+        return unknownTool(diagnostic);
+    }
     if (isOfMode(diagnostic)) {
         return {diagnostic.found + " is not followed by the check",
                 "It needs " + diagnostic.expected};

@@ -346,12 +346,34 @@ TEST(Check, SaysWhatEndsItFromWhichLineOnAndWhatToDo) {
               "M19 (turning the spindle to an angle) is not followed by the check");
     EXPECT_EQ(foundIn("T4 M6 G41 D4"),
               "G41 without a known diameter of tool 4 is not followed by the check");
+    EXPECT_EQ(
+        foundIn("G42"),
+        "G42 without a known diameter of the tool in the spindle is not followed by the check");
     EXPECT_EQ(foundIn("M190"),
               "M190 (a command of its machine alone) is not followed by the check");
     EXPECT_EQ(foundIn("G10 L1 P1 Z1"),
               "G10 L1 (a change of the tool table) is not followed by the check");
     EXPECT_EQ(foundIn("M123"),
               "M123 (a command of its machine alone) is not followed by the check");
+}
+
+TEST(Check, SaysHowADiameterIsToldBothToTheCommandAndToTheWindow) {
+    const auto todoIn = [](const std::string& line) {
+        const std::string sentence = sentenceOf(kHead + line + "\n" + kTail);
+        return sentence.substr(sentence.find("checked. ") + 9);
+    };
+    EXPECT_EQ(
+        todoIn("T4 M6 G42 D4"),
+        "Say how wide it is, if it has 6 mm: --tool 4=6 on the command line, 4=6 under Tools in "
+        "the window; or write G42.1 with its diameter as D.");
+    EXPECT_EQ(
+        todoIn("T12 M6 G41"),
+        "Say how wide it is, if it has 6 mm: --tool 12=6 on the command line, 12=6 under Tools "
+        "in the window; or write G41.1 with its diameter as D.");
+    EXPECT_EQ(todoIn("G41"),
+              "Name the tool in the program (T4 M6) and say how wide it is, if it has 6 mm: --tool "
+              "4=6 on the command line, 4=6 under Tools in the window; or write G41.1 with its "
+              "diameter as D.");
 }
 
 TEST(Check, TellsOfTheFirstLineOnlyThatItDoesNotFollow) {
