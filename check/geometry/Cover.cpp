@@ -21,6 +21,23 @@ bool Cover::isWhole(const Curve& curve, std::vector<Interval>& parts) {
     return gapsOf(parts, leastGapOf(curve)).empty();
 }
 
+bool Cover::add(const Curve& other) {
+    appendNear(m_curve, other, m_reach, Ends::Round, m_covered);
+    return !m_covered.empty() && m_covered.back().from == 0 && m_covered.back().to == 1;
+}
+
+bool Cover::addAndJudge(const Curve& other) {
+    if (add(other)) {
+        return true;
+    }
+    if (m_covered.size() <= m_judgedAt) {
+        return false;
+    }
+    const bool isCovered = covers();
+    m_judgedAt = m_covered.size() * 2 + 8;
+    return isCovered;
+}
+
 bool Cover::covers() {
     return gapsOf(m_covered, m_least).empty();
 }

@@ -40,33 +40,45 @@ public:
     static bool isWhole(const Curve& curve, std::vector<Interval>& parts);
 
 private:
-    // Whether it covers all by itself.
-    bool add(const Curve& other) {
-        appendNear(m_curve, other, m_reach, Ends::Round, m_covered);
-        return !m_covered.empty() && m_covered.back().from == 0 && m_covered.back().to == 1;
-    }
+    // Less covers little.
+    static constexpr AlongBounds kRoughly{1e-3, 0.5, 0};
 
-    // Adds what comes near until all is covered. False: there are more than `many`.
+    // Whether it covers all by itself.
+    bool add(const Curve& other);
+
+    // Adds what comes near until all is covered, first what runs along. False: there are more than
+    // `many`.
     template <typename CurveAt>
     bool look(const BoxTree& tree, CurveAt& curveAt, std::size_t many) {
         std::size_t seen = 0;
-        std::size_t judgedAt = m_covered.size() + 8;
         bool done = false;
+        m_crossing.clear();
+        m_judgedAt = m_covered.size() + 8;
         tree.each([&](const PlaneBox& box) { return mayReach(m_curve, box, m_reach); },
                   [&](std::size_t index) {
                       if (++seen > many) {
                           return false;
                       }
-                      done = add(curveAt(index));
-                      if (!done && m_covered.size() > judgedAt) {
-                          done = covers();
-                          judgedAt = m_covered.size() * 2 + 8;
+                      const Curve& other = curveAt(index);
+                      if (mayRunAlong(m_curve, other, m_reach, kRoughly)) {
+                          done = addAndJudge(other);
+                      } else {
+                          m_crossing.push_back(index);
                       }
                       return !done;
                   });
-        return done || seen <= many;
+        if (done || seen > many) {
+            return done;
+        }
+        done = !m_crossing.empty() && covers();
+        for (std::size_t at = 0; at < m_crossing.size() && !done; ++at) {
+            done = addAndJudge(curveAt(m_crossing[at]));
+        }
+        return true;
     }
 
+    // Whether all is known to be covered.
+    bool addAndJudge(const Curve& other);
     // Unites what is covered.
     bool covers();
 
@@ -74,6 +86,8 @@ private:
     double m_reach;
     double m_least = 0;  // gap
     std::vector<Interval> m_covered;
+    std::size_t m_judgedAt = 0;           // so many parts
+    std::vector<std::size_t> m_crossing;  // what is looked at last
 };
 
 }  // namespace gcode_check

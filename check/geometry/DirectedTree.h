@@ -9,17 +9,10 @@
 #include <utility>
 #include <vector>
 
+#include "geometry/Along.h"
 #include "geometry/BoxTree.h"
 
 namespace gcode_check {
-
-// Which way a curve must go to run along a segment: in nearly the same one, or roughly when it lies
-// beside the segment over a good part of its own length.
-struct AlongBounds {
-    double parallel = 1e-3;  // sine
-    double rough = 0;        // sine
-    double part = 1;         // of its own length
-};
 
 // Finds what may run along a segment among very many curves that only cross it. Made when it is
 // first asked, so one thread at a time.

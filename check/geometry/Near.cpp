@@ -8,6 +8,10 @@
 namespace gcode_check {
 namespace {
 
+bool isFullTurn(const Curve& arc) {
+    return arc.sweep >= 2 * kPi;
+}
+
 // Where a curve can enter or leave what is near another one: it crosses circles and lines there.
 class Crossings {
 public:
@@ -86,19 +90,21 @@ private:
         const double cosine =
             ((m_curve.radius - radius) * (m_curve.radius + radius) + apart * apart) /
             (2 * m_curve.radius * apart);
-        addBoth(std::atan2(dy, dx), cosine);
+        addBoth({dx, dy}, cosine);
     }
 
     void arcWithLine(const PlanePoint& place, const PlanePoint& normal) {
         const double off =
             (place.x - m_curve.centre.x) * normal.x + (place.y - m_curve.centre.y) * normal.y;
-        addBoth(std::atan2(normal.y, normal.x), off / m_curve.radius);
+        addBoth(normal, off / m_curve.radius);
     }
 
-    void addBoth(double middle, double cosine) {
+    // At the angles with this cosine to the direction.
+    void addBoth(const PlanePoint& direction, double cosine) {
         if (std::abs(cosine) > 1) {
             return;
         }
+        const double middle = std::atan2(direction.y, direction.x);
         const double half = std::acos(cosine);
         addAngle(middle - half);
         addAngle(middle + half);
@@ -124,6 +130,9 @@ void crossSegment(Crossings& crossings, const Curve& other, double reach) {
 void crossArc(Crossings& crossings, const Curve& other, double reach) {
     crossings.withCircle(other.centre, other.radius + reach);
     crossings.withCircle(other.centre, other.radius - reach);
+    if (isFullTurn(other)) {
+        return;
+    }
     for (const double t : {0.0, 1.0}) {
         crossings.withCircle(pointAt(other, t), reach);
         crossings.withLine(other.centre, directionAt(other, t));
@@ -141,7 +150,19 @@ void cross(Crossings& crossings, const Curve& other, double reach) {
     }
 }
 
+// What rounding may add to lengths of this size.
+double slackFor(double size) {
+    return 1e-12 * size;
+}
+
 bool isNear(const Curve& other, const PlanePoint& place, double reach, Ends ends) {
+    if (other.kind == Curve::Kind::Arc) {
+        const double middle = distance(other.centre, place);
+        const double off = std::abs(middle - other.radius);
+        if (isFullTurn(other) || off > reach + slackFor(middle + other.radius)) {
+            return off <= reach;
+        }
+    }
     if (ends == Ends::Square) {
         const double t = parameterOf(other, place);
         if (t < 0 || t > 1) {
@@ -149,6 +170,57 @@ bool isNear(const Curve& other, const PlanePoint& place, double reach, Ends ends
         }
     }
     return distance(other, place) <= reach;
+}
+
+// On one side of the line through the segment `other`, beyond the reach.
+bool liesAside(const Curve& curve, const Curve& other, double reach) {
+    const double dx = other.b.x - other.a.x;
+    const double dy = other.b.y - other.a.y;
+    const auto sideOf = [&](const PlanePoint& place) {
+        return (place.x - other.a.x) * dy - (place.y - other.a.y) * dx;
+    };
+    const double length = std::sqrt(dx * dx + dy * dy);
+    const double size = std::max(distance(curve.a, other.a), distance(curve.b, other.a)) + length;
+    const double bound = (reach + slackFor(size)) * length;
+    const double first = sideOf(curve.a);
+    const double second = sideOf(curve.b);
+    return (first > bound && second > bound) || (first < -bound && second < -bound);
+}
+
+// The segment lies outside of the circle or inside of it, beyond the reach.
+bool isClearOfCircle(const Curve& segment, const Curve& arc, double reach) {
+    const double first = distance(arc.centre, segment.a);
+    const double second = distance(arc.centre, segment.b);
+    const double slack = slackFor(first + second + arc.radius);
+    if (std::max(first, second) < arc.radius - reach - slack) {
+        return true;
+    }
+    const double outside = arc.radius + reach + slack;
+    return std::min(first, second) > outside && distance(segment, arc.centre) > outside;
+}
+
+bool areCirclesClear(const Curve& a, const Curve& b, double reach) {
+    const double apart = distance(a.centre, b.centre);
+    const double slack = slackFor(apart + a.radius + b.radius);
+    return apart > a.radius + b.radius + reach + slack ||
+           apart + reach + slack < std::abs(a.radius - b.radius);
+}
+
+// Whether nothing of one is within reach of the other. Cheap; false too often, never true when
+// something is.
+bool areClear(const Curve& curve, const Curve& other, double reach) {
+    const bool isSegment = curve.kind == Curve::Kind::Segment;
+    switch (other.kind) {
+        case Curve::Kind::Segment:
+            return isSegment ? liesAside(curve, other, reach) || liesAside(other, curve, reach)
+                             : isClearOfCircle(other, curve, reach);
+        case Curve::Kind::Arc:
+            return isSegment ? isClearOfCircle(curve, other, reach)
+                             : areCirclesClear(curve, other, reach);
+        case Curve::Kind::Point:
+            break;
+    }
+    return false;
 }
 
 // Whether a segment stays between two circles around the arc, and within the arc's ends.
@@ -173,7 +245,7 @@ bool staysNearArc(const Curve& segment, const Curve& arc, double reach) {
             return false;
         }
     }
-    if (arc.sweep >= 2 * kPi) {
+    if (isFullTurn(arc)) {
         return true;
     }
     const double from = parameterOf(arc, segment.a);
@@ -244,6 +316,9 @@ void appendNear(const Curve& curve, const Curve& other, double reach, Ends ends,
     }
     if (whollyNear(curve, other, reach, ends)) {
         parts.push_back({0, 1});
+        return;
+    }
+    if (areClear(curve, other, reach)) {
         return;
     }
     Crossings crossings(curve);

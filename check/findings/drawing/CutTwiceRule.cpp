@@ -201,6 +201,9 @@ private:
 
     void addOverlaps(const Curve& curve, std::size_t index) {
         const Cut& cut = m_scene.cuts.cuts[index];
+        if (!mayRunAlong(curve, cut.curve, m_scene.setting.tolerance, kRunsAlong)) {
+            return;
+        }
         m_parts.clear();
         appendNear(curve, cut.curve, m_scene.setting.tolerance, Ends::Square, m_parts);
         for (const Interval& part : m_parts) {
