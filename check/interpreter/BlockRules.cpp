@@ -68,15 +68,14 @@ bool checkAxes(const Block& block, int mode, Fault& fault) {
         return reject(fault, Rule::AxesMissing, block.columnOfG(GGroup::OneShot),
                       textOfG(oneShot).text, "a coordinate");
     }
-    if (!block.hasAxes() || takesAxes(oneShot) || block.hasG(GGroup::Motion) ||
-        block.g(GGroup::ToolLength) == 431) {
+    if (!block.hasAxes() || takesAxes(oneShot) || block.hasG(GGroup::Motion)) {
         return true;
     }
     if (block.hasG(GGroup::CancelMotion)) {
         return reject(fault, Rule::AxesWithoutUse, columnOfAxes(block), "coordinates beside G80",
                       "a motion code for them");
     }
-    if (mode == kNoMotion) {
+    if (mode == kNoMotion && block.g(GGroup::ToolLength) != 431) {
         return reject(fault, Rule::AxesWithoutUse, columnOfAxes(block), "coordinates",
                       "a motion code before them");
     }

@@ -16,7 +16,11 @@ constexpr std::size_t kLongestLine = 252;
 constexpr double kCodeTolerance = 0.0001;
 
 constexpr bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
+    return c == ' ' || c == '\t' || c == '\r';
+}
+// At the end of a line these are blanks, too; before it they are no character of a program.
+constexpr bool isFeedOfPaper(char c) {
+    return c == '\v' || c == '\f';
 }
 constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -42,6 +46,9 @@ public:
             return reject(m_fault, Rule::WordsTooMany, kLongestLine + 1,
                           std::to_string(m_line.size()) + " characters",
                           "at most " + std::to_string(kLongestLine) + " on a line");
+        }
+        while (!m_line.empty() && (isBlank(m_line.back()) || isFeedOfPaper(m_line.back()))) {
+            m_line.remove_suffix(1);
         }
         skipBlanks();
         if (peek() == '/') {
@@ -145,8 +152,14 @@ private:
             ++m_at;
         }
         if (peek() == '.') {
+            const std::uint32_t point = column();
             ++m_at;
-            for (skipBlanks(); isDigit(peek()); skipBlanks()) {
+            skipBlanks();
+            if (!isDigit(peek())) {
+                return reject(m_fault, Rule::NumberUnreadable, point, ".",
+                              "a line number without a point");
+            }
+            for (; isDigit(peek()); skipBlanks()) {
                 ++m_at;
             }
         }

@@ -32,7 +32,7 @@ Machine::Machine(const MachineOptions& options, Reading& reading)
 
 bool Machine::execute(const Block& block, Fault& fault) {
     m_line = block.line;
-    if (!checkBlock(block, m_mode, fault)) {
+    if (!checkBlock(block, m_mode, fault) || !checkPolarPlane(block, fault)) {
         return false;
     }
     if (m_compensation.isOn && !checkBeforeCompensation(block, fault)) {
@@ -65,6 +65,9 @@ bool Machine::execute(const Block& block, Fault& fault) {
         setDistances(block);
         if (!oneShot(block, fault)) {
             return false;
+        }
+        if (block.hasG(GGroup::OffsetOff)) {
+            switch92(block.g(GGroup::OffsetOff));
         }
     }
     return move(block, fault) && stop(block, fault);

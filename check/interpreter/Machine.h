@@ -94,10 +94,12 @@ private:
 
     // Motion.
     bool oneShot(const Block& block, Fault& fault);
+    Axes placeOf(const Axes& machine) const;
     bool goHome(const Block& block, const Axes& home, Fault& fault);
     Axes target(const Block& block) const { return targetFrom(m_position, block); }
     Axes targetFrom(const Axes& from, const Block& block) const;
     void setPolar(const Block& block, Axes& to) const;
+    bool checkPolarPlane(const Block& block, Fault& fault) const;
     bool checkPolar(const Block& block, Fault& fault) const;
     bool machineTarget(const Block& block, Axes& result, Fault& fault) const;
     bool move(const Block& block, Fault& fault);

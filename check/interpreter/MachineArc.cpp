@@ -148,7 +148,7 @@ bool centreByRadius(const ArcWords& arc, AxisPair& centre, Fault& fault) {
                       "a centre for a full circle, R can't tell it");
     }
     const double size = std::abs(radius);
-    if (!(half - size <= (arc.isInches ? kChordInches : kChordMm))) {
+    if (size == 0 || !(half - size <= (arc.isInches ? kChordInches : kChordMm))) {
         return reject(fault, Rule::ArcRadiusTooSmall, block.column('R'),
                       "R" + number(radius) + " for ends " + number(2 * half) + " apart",
                       "R of at least " + number(half));
@@ -161,6 +161,20 @@ bool centreByRadius(const ArcWords& arc, AxisPair& centre, Fault& fault) {
     centre.second =
         (arc.start.second + arc.end.second) / 2 + (arc.end.first - arc.start.first) * factor;
     return true;
+}
+
+ProgrammedPath pathOf(const ArcWords& arc, const AxisPair& centre) {
+    ProgrammedPath path;
+    path.start = arc.start;
+    path.end = arc.end;
+    path.centre = centre;
+    path.isArc = true;
+    path.isClockwise = arc.isClockwise;
+    return path;
+}
+
+double lengthInPlane(const ProgrammedPath& path, std::int32_t turns) {
+    return arcLength(path) + (turns - 1) * 2 * kPi * distance(path.centre, path.start);
 }
 
 }  // namespace
@@ -192,17 +206,12 @@ bool Machine::arc(const Block& block, int motion, Fault& fault) {
     motionStep.centre = machinePoint(centreAxes);
     const auto turns = static_cast<std::int32_t>(std::lround(block.valueOr('P', 1)));
     motionStep.turns = words.isClockwise ? -turns : turns;
+    if (m_modes.feedMode == FeedMode::InverseTime) {
+        setFeedOf(motionStep, std::hypot(lengthInPlane(pathOf(words, centre), turns),
+                                         to[axes.third] - m_position[axes.third]));
+    }
     if (m_compensation.isOn) {
-        ProgrammedPath path;
-        path.start = words.start;
-        path.end = words.end;
-        path.centre = centre;
-        path.isArc = true;
-        path.isClockwise = words.isClockwise;
-        const double inPlane =
-            arcLength(path) + (turns - 1) * 2 * kPi * distance(path.centre, path.start);
-        setFeedOf(motionStep, std::hypot(inPlane, to[axes.third] - m_position[axes.third]));
-        return compensated(block, motionStep, to, path, fault);
+        return compensated(block, motionStep, to, pathOf(words, centre), fault);
     }
     if (m_compensation.isLeaving) {
         return leavesByArc(words.column(), fault);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // G40 to G42.1: the tool goes beside the programmed path. A move is written with the end that it
 // has when the path goes straight on; the next move in the plane says where it really ends.
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -28,6 +29,8 @@ constexpr double kNumberTolerance = 0.0001;
 // controller takes a length for it, and so the unit counts.
 constexpr double kLongerArcMm = 0.0254;
 constexpr double kLongerArcInches = 0.001;
+// Units a minute, whichever the unit is.
+constexpr double kLeastInverseTimeFeed = 0.1;
 
 std::uint32_t columnOfMove(const Block& block) {
     return block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
@@ -217,12 +220,16 @@ bool Machine::radiusOfTool(const Block& block, double& radius, int& orientation,
     return true;
 }
 
-// In inverse time a controller makes the feed of the programmed length.
+// In inverse time a controller makes the feed of the programmed length, and none below a least one.
+// Where neither changes anything the word is kept.
 void Machine::setFeedOf(Motion& motion, double programmedLength) const {
+    const double feed = m_feed * programmedLength;
+    const bool isOther =
+        m_compensation.isOn || m_compensation.isLeaving || feed < kLeastInverseTimeFeed;
     if (motion.feedMode == FeedMode::InverseTime && motion.kind != MotionKind::Rapid &&
-        programmedLength > 0) {
+        programmedLength > 0 && isOther) {
         motion.feedMode = FeedMode::PerMinute;
-        motion.feed = m_feed * programmedLength * m_mmPerUnit;
+        motion.feed = std::max(feed, kLeastInverseTimeFeed) * m_mmPerUnit;
     }
 }
 

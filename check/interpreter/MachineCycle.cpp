@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The GCodeAddin developers
 // SPDX-License-Identifier: MIT
 // The canned cycles: G73, G81, G82, G83, G85, G86, G89.
-#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -121,7 +120,7 @@ bool Machine::cycleHoles(const Block& block, Cycle& cycle, Fault& fault) {
         initial = cycle.r;
     }
     cycle.clear = m_modes.retractToR ? cycle.r : initial;
-    cycle.level = m_modes.retractToR ? m_position[depth] : std::max(m_position[depth], initial);
+    cycle.level = m_position[depth] > cycle.r ? m_position[depth] : cycle.clear;
     Axes at = target(block);
     const double repeats = std::round(block.valueOr('L', 1));
     for (double i = 0; i < repeats; ++i) {

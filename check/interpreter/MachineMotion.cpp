@@ -11,6 +11,7 @@ namespace gcode_check {
 namespace {
 
 constexpr char kLetters[] = "XYZABC";
+constexpr std::size_t kLinearAxes = 3;
 
 bool hasRotary(const Axes& axes) {
     return axes[3] != 0 || axes[4] != 0 || axes[5] != 0;
@@ -19,9 +20,6 @@ bool hasRotary(const Axes& axes) {
 }  // namespace
 
 bool Machine::oneShot(const Block& block, Fault& fault) {
-    if (block.hasG(GGroup::OffsetOff)) {
-        switch92(block.g(GGroup::OffsetOff));
-    }
     switch (block.g(GGroup::OneShot)) {
         case 100:
             return setOrigin(block, fault);
@@ -44,11 +42,21 @@ bool Machine::oneShot(const Block& block, Fault& fault) {
     }
 }
 
+// Program coordinates of a machine place. A controller leaves the offset of the tool out of those
+// of rotary axes.
+Axes Machine::placeOf(const Axes& machine) const {
+    Axes result = toProgramAxes(machine);
+    for (std::size_t i = kLinearAxes; i < result.size(); ++i) {
+        result[i] += m_toolOffset[i];
+    }
+    return result;
+}
+
 // By way of the point that the coordinates name; then only the named axes go home, or all of them
 // when none is named. In a turned system those are the turned axes.
 bool Machine::goHome(const Block& block, const Axes& home, Fault& fault) {
     const Axes between = target(block);
-    const Axes atHome = toProgramAxes(home);
+    const Axes atHome = placeOf(home);
     Axes to = between;
     for (std::size_t i = 0; i < to.size(); ++i) {
         to[i] = !block.hasAxes() || block.has(kLetters[i]) ? atHome[i] : to[i];
@@ -89,6 +97,16 @@ void Machine::setPolar(const Block& block, Axes& to) const {
     to[1] = distance * std::sin(angle);
 }
 
+// The plane that is in force before the line counts, not one that the line names.
+bool Machine::checkPolarPlane(const Block& block, Fault& fault) const {
+    if (m_modes.plane == Plane::XY || !block.hasAny(Block::polarBits())) {
+        return true;
+    }
+    const char letter = block.has('@') ? '@' : '^';
+    return reject(fault, Rule::ModeForbids, block.column(letter), std::string(1, letter),
+                  "G17 in force before the line");
+}
+
 // The origin lies in no direction.
 bool Machine::checkPolar(const Block& block, Fault& fault) const {
     if (!block.hasAny(Block::polarBits()) || m_position[0] != 0 || m_position[1] != 0 ||
@@ -110,7 +128,10 @@ bool Machine::machineTarget(const Block& block, Axes& result, Fault& fault) cons
     for (std::size_t i = 0; i < machine.size(); ++i) {
         machine[i] = block.valueOr(kLetters[i], machine[i]);
     }
-    result = toProgramAxes(machine);
+    result = placeOf(machine);
+    for (std::size_t i = kLinearAxes; i < result.size(); ++i) {
+        result[i] = block.has(kLetters[i]) ? result[i] : m_position[i];
+    }
     return true;
 }
 
@@ -180,7 +201,7 @@ bool Machine::straight(const Block& block, int motion, Fault& fault) {
     }
     Motion step = this->step(motion == 0 ? MotionKind::Rapid : MotionKind::Feed);
     step.toMachinePlace = toMachinePlace;
-    if (m_compensation.isOn || m_compensation.isLeaving) {
+    if (m_modes.feedMode == FeedMode::InverseTime) {
         setFeedOf(step,
                   std::hypot(to[0] - m_position[0], to[1] - m_position[1], to[2] - m_position[2]));
     }

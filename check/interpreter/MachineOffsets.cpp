@@ -134,6 +134,10 @@ bool Machine::addToolOffset(const Block& block, bool isBesides, Fault& fault) {
         return reject(fault, Rule::WordMissing, block.columnOfG(GGroup::ToolLength), "G43.2",
                       "H with a tool's number");
     }
+    if (isBesides && block.hasAxes()) {
+        return reject(fault, Rule::CodesClash, block.columnOfG(GGroup::ToolLength), "G43.2",
+                      "no coordinates beside it");
+    }
     if (block.has('H') && !isTool(block, 'H', fault)) {
         return false;
     }

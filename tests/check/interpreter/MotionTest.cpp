@@ -43,7 +43,16 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"coordinatesWithoutCode", "X1", " ! 1:1 axes-without-use"},
         Row{"coordinatesAfterG80", "G0 X1\nG80\nX1", "rapid 1 0 0 ! 3:1 axes-without-use"},
         Row{"polar", "G0 @2 ^90\nG91 ^90\n@1", "rapid 0 2 0 | rapid -2 0 0 | rapid -3 0 0"},
-        Row{"polarAtTheOrigin", "G0 @2", " ! 1:4 mode-forbids"}),
+        Row{"polarAtTheOrigin", "G0 @2", " ! 1:4 mode-forbids"},
+        Row{"polarInAnotherPlane", "G0 X1\nG18 @2\n@3",
+            "rapid 1 0 0 | rapid 2 0 0 ! 3:1 mode-forbids"},
+        Row{"polarBesideTheWordForItsPlane", "G0 X1 G18\nG17 @3", "rapid 1 0 0 ! 2:5 mode-forbids"},
+        Row{"shiftIsSwitchedBehindItsSetting", "G92 X5 G92.2\nG0 X1\nG92.3 X0",
+            "rapid 1 0 0 | rapid -5 0 0"},
+        Row{"inverseTimeIsNeverSlowerThanATenthOfAUnit", "G93 G1 X1 F.05\nG20 X0 F.05",
+            "feed 1 0 0 F0.1 | feed 0 0 0 F2.54"},
+        Row{"inverseTimeOfACircle", "G93 G3 I1 F0\nI1 F.02",
+            "arc 0 0 0 round 1 0 0 turns 1 F0.1 | arc 0 0 0 round 1 0 0 turns 1 F0.02"}),
     nameOf);
 
 INSTANTIATE_TEST_SUITE_P(
@@ -146,6 +155,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"negativeRadiusTheLonger", "F9\nG3 X8 R-5", "arc 8 0 0 round 4 -3 0 turns 1 F9"},
         Row{"halfTurnByRadius", "F9\nG2 X10 R4.9995", "arc 10 0 0 round 5 0 0 turns -1 F9"},
         Row{"radiusTooSmall", "F9\nG2 X10 R4.998", " ! 2:8 arc-radius-too-small"},
+        Row{"radiusOfZero", "F9\nG2 X.001 R0", " ! 2:10 arc-radius-too-small"},
         Row{"radiusOfAFullCircle", "F9\nG2 X0 R5", " ! 2:7 arc-radius-zero"},
         Row{"radiiWithinTheTolerance", "F9\nG2 X10.028 I5",
             "arc 10.028 0 0 round 5 0 0 turns -1 F9"},
@@ -189,6 +199,16 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"relativeRepeats", "G91 F9\nG81 X1 Z-2 R0 L2",
             "rapid 1 0 0 | feed 1 0 -2 F9 | rapid 1 0 0 | rapid 2 0 0 | feed 2 0 -2 F9 | "
             "rapid 2 0 0"},
+        Row{"laterRAboveTheToolIsReachedOnTheWay", "G0 Z5 F9\nG81 X1 Z-2 R1\nX2 R4\nX3 R0",
+            "rapid 0 0 5 | rapid 1 0 5 | rapid 1 0 1 | feed 1 0 -2 F9 | rapid 1 0 1 | "
+            "rapid 2 0 4 | feed 2 0 -2 F9 | rapid 2 0 4 | "
+            "rapid 3 0 4 | rapid 3 0 0 | feed 3 0 -2 F9 | rapid 3 0 0"},
+        Row{"laterG98GoesToTheLevelBefore", "G0 Z5 F9\nG81 X1 Z-2 R1\nG98 X2",
+            "rapid 0 0 5 | rapid 1 0 5 | rapid 1 0 1 | feed 1 0 -2 F9 | rapid 1 0 1 | "
+            "rapid 2 0 5 | rapid 2 0 1 | feed 2 0 -2 F9 | rapid 2 0 5"},
+        Row{"laterG98FromAboveRGoesAcrossAsItIs", "G0 Z5 F9\nG81 X1 Z-2 R3\nG98 X2 R1",
+            "rapid 0 0 5 | rapid 1 0 5 | rapid 1 0 3 | feed 1 0 -2 F9 | rapid 1 0 3 | "
+            "rapid 2 0 3 | rapid 2 0 1 | feed 2 0 -2 F9 | rapid 2 0 5"},
         Row{"planeZX", "G18 F9\nG81 X1 Z1 Y-2 R0", "rapid 1 0 1 | feed 1 -2 1 F9 | rapid 1 0 1"},
         Row{"firstLineHasAllWords", "F9\nG81 X1 Z-2", " ! 2:1 word-missing"},
         Row{"rBelowTheBottom", "F9\nG81 X1 Z2 R1", " ! 2:1 cycle-retract-below"},
@@ -210,6 +230,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"g92", "G0 X5\nG92 X1\nX0\nG92.2\nX0\nG92.3\nX0\nG92.1\nG92.3\nX0",
                         "rapid 5 0 0 | rapid 4 0 0 | rapid 0 0 0 | rapid 4 0 0 | rapid 0 0 0"},
                     Row{"g52", "G52 X2\nG0 X1\nG52 X0\nX1", "rapid 3 0 0 | rapid 1 0 0"},
+                    Row{"lengthBesidesTakesNoCoordinates", "G43.2 H1 X1 G0", " ! 1:1 codes-clash"},
+                    Row{"lengthByNumberBesideG80", "G43.1 X1 G80", " ! 1:7 axes-without-use"},
                     Row{"lengthByNumber", "G43.1 Z7\nG0 Z1\nG49 Z1", "rapid 0 0 8 | rapid 0 0 1"},
                     Row{"allSystems", "G10 L2 P9 X9\nG59.3 G0 X0\nG59 X1",
                         "rapid 9 0 0 | rapid 1 0 0"},
