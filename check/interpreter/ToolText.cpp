@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 namespace gcode_check {
 namespace {
@@ -84,7 +85,15 @@ ToolTexts toolsIn(std::string_view list) {
     std::vector<std::string> parts;
     for (std::size_t at = text.find_first_not_of(separators); at != std::string::npos;) {
         const std::size_t end = std::min(text.find_first_of(separators, at), text.size());
-        parts.push_back(text.substr(at, end - at));
+        std::string part = text.substr(at, end - at);
+        const bool isDecimals =
+            !parts.empty() && text[at - 1] == ',' && part.find('=') == std::string::npos;
+        if (isDecimals) {
+            // Named as it was written: a number with a comma.
+            parts.back() += ',' + part;
+        } else {
+            parts.push_back(std::move(part));
+        }
         at = text.find_first_not_of(separators, end);
     }
     return toolsOf(parts);

@@ -4,14 +4,13 @@
 
 #include <algorithm>
 
-#include <QCheckBox>
-#include <QDoubleSpinBox>
 #include <QFileInfo>
 #include <QFontDatabase>
-#include <QFormLayout>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStyle>
@@ -22,6 +21,7 @@
 #include "PlainText.h"
 #include "findings/Numbers.h"
 #include "report/Verdict.h"
+#include "window/CheckFields.h"
 #include "window/CheckedProgram.h"
 #include "window/WrappedRows.h"
 
@@ -31,17 +31,6 @@ using gcode_check::Severity;
 
 enum Column { kLine, kText };
 constexpr std::size_t kLinesAround = 60;
-constexpr double kMostLength = 1e6;
-
-QDoubleSpinBox* lengthBox(const char* name, double value, double least, int decimals) {
-    auto* box = new QDoubleSpinBox;
-    box->setObjectName(name);
-    box->setDecimals(decimals);
-    box->setRange(least, kMostLength);
-    box->setSingleStep(least < 0 ? 1 : 0.01);
-    box->setValue(value);
-    return box;
-}
 
 QLabel* plainLabel(const char* name) {
     auto* label = new QLabel;
@@ -93,14 +82,13 @@ QString summaryOf(const gcode_check::CheckResult& result) {
 CheckDock::CheckDock(QWidget* parent)
     : QDockWidget(tr("Check Program"), parent),
       m_head(plainLabel("checkHead")),
+      m_fields(new CheckFields),
       m_summary(plainLabel("checkSummary")),
+      m_busy(new QWidget),
+      m_bar(new QProgressBar),
       m_table(new QTreeWidget),
       m_page(new QLabel),
       m_lines(new QPlainTextEdit),
-      m_surface(lengthBox("checkSurface", 0, -kMostLength, 3)),
-      m_tolerance(lengthBox("checkTolerance", gcode_check::CheckOptions().tolerance, 0.0001, 4)),
-      m_isDepthMeant(new QCheckBox(tr("&Depth Z:"))),
-      m_depth(lengthBox("checkDepth", -1, -kMostLength, 3)),
       m_again(new QPushButton(tr("Check &Again"))),
       m_report(new QPushButton(tr("&Report..."))) {
     setObjectName("checkDock");
@@ -115,30 +103,34 @@ CheckDock::CheckDock(QWidget* parent)
     // A second click at what is chosen shows it once more.
     connect(m_table, &QTreeWidget::itemClicked, this, &CheckDock::choose);
     connect(m_page, &QLabel::linkActivated, this, &CheckDock::pageAsked);
-    showResult(nullptr, nullptr, QString());
+    m_head->setText(tr("No program is checked yet."));
+    take({});
+    m_again->setEnabled(false);
 }
 
 QWidget* CheckDock::createHead() {
     auto* head = new QWidget;
-    auto* rows = new QFormLayout(head);
+    auto* rows = new QVBoxLayout(head);
     rows->setContentsMargins(0, 0, 0, 0);
-    rows->addRow(m_head);
-    rows->addRow(tr("&Surface Z:"), m_surface);
-    rows->addRow(m_isDepthMeant, m_depth);
-    rows->addRow(tr("&Tolerance:"), m_tolerance);
-    rows->addRow(m_summary);
-    m_surface->setToolTip(tr("Where the top of the material lies, in program coordinates"));
-    m_tolerance->setToolTip(tr("How far from an object a cut may lie"));
-    m_depth->setToolTip(tr("No cut may be deeper, and one must be as deep"));
-    m_depth->setEnabled(false);
-    m_isDepthMeant->setObjectName("checkIsDepthMeant");
-    m_isDepthMeant->setToolTip(tr("Whether the depth is checked"));
-    connect(m_isDepthMeant, &QCheckBox::toggled, m_depth, &QWidget::setEnabled);
-    connect(m_isDepthMeant, &QCheckBox::toggled, this, &CheckDock::checkChanged);
-    for (const QDoubleSpinBox* box : {m_surface, m_depth, m_tolerance}) {
-        connect(box, &QDoubleSpinBox::editingFinished, this, &CheckDock::checkChanged);
-    }
+    rows->addWidget(m_head);
+    rows->addWidget(m_fields);
+    rows->addWidget(m_summary);
+    rows->addWidget(createBusy());
     return head;
+}
+
+QWidget* CheckDock::createBusy() {
+    m_busy->setObjectName("checkBusy");
+    m_bar->setObjectName("checkProgress");
+    m_bar->setRange(0, 100);
+    auto* stop = new QPushButton(tr("Sto&p"));
+    stop->setObjectName("checkStop");
+    auto* row = new QHBoxLayout(m_busy);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_bar, 1);
+    row->addWidget(stop);
+    connect(stop, &QPushButton::clicked, this, &CheckDock::stopAsked);
+    return m_busy;
 }
 
 QWidget* CheckDock::createMiddle() {
@@ -188,52 +180,55 @@ QLayout* CheckDock::createButtons() {
     return row;
 }
 
-void CheckDock::checkChanged() {
-    const CheckValues now = values();
-    const bool isSame = now.surface == m_checked.surface && now.depth == m_checked.depth &&
-                        now.tolerance == m_checked.tolerance;
-    if (m_result != nullptr && !isSame) {
-        Q_EMIT againAsked();
-    }
+void CheckDock::showChecking(const QString& path, const QString& heldAgainst) {
+    tellProgram(path, tr("%1, held against %2").arg(QFileInfo(path).fileName(), heldAgainst));
+    take({});
+    m_summary->setText(tr("Checking..."));
+    m_busy->show();
 }
 
-CheckValues CheckDock::values() const {
-    CheckValues values{m_surface->value(), {}, m_tolerance->value()};
-    if (m_isDepthMeant->isChecked()) {
-        values.depth = m_depth->value();
-    }
-    return values;
+void CheckDock::setPart(double part) {
+    m_bar->setValue(static_cast<int>(part * m_bar->maximum()));
 }
 
-void CheckDock::showResult(const CheckedProgram* program, const gcode_check::CheckResult* result,
-                           const QString& heldAgainst) {
-    m_program = program;
-    m_result = result;
-    m_again->setEnabled(result != nullptr);
-    m_report->setEnabled(result != nullptr);
+void CheckDock::showResult(const CheckedResult& checked, const QString& heldAgainst) {
+    const QString path = checked.program->file();
+    tellProgram(path, tr("%1, held against %2").arg(QFileInfo(path).fileName(), heldAgainst));
+    take(checked);
+    m_summary->setText(summaryOf(*checked.result));
+}
+
+void CheckDock::showNothing(const QString& path, const QString& why) {
+    tellProgram(path, QFileInfo(path).fileName());
+    take({});
+    m_summary->setText(why);
+}
+
+void CheckDock::tellProgram(const QString& path, const QString& text) {
+    m_head->setText(text);
+    m_head->setToolTip(plainToolTip(path));
+}
+
+void CheckDock::take(const CheckedResult& checked) {
+    m_checked = checked;
+    m_busy->hide();
+    m_bar->setValue(0);
+    m_again->setEnabled(true);
+    m_report->setEnabled(checked.result != nullptr);
     m_lines->clear();
     m_page->clear();
-    m_checked = values();
-    if (result == nullptr) {
-        m_head->setText(tr("No program is checked yet."));
-        m_summary->clear();
-    } else {
-        m_head->setText(
-            tr("%1, held against %2").arg(QFileInfo(program->file()).fileName(), heldAgainst));
-        m_head->setToolTip(plainToolTip(program->file()));
-        m_summary->setText(summaryOf(*result));
-    }
+    m_summary->clear();
     fillTable();
 }
 
 void CheckDock::fillTable() {
     const QSignalBlocker blocker(m_table);
     m_table->clear();
-    if (m_result == nullptr) {
+    if (m_checked.result == nullptr) {
         return;
     }
     QList<QTreeWidgetItem*> items;
-    for (const gcode_check::Finding& finding : m_result->findings) {
+    for (const gcode_check::Finding& finding : m_checked.result->findings) {
         const QString sentence = QString::fromStdString(finding.sentence);
         auto* item = new QTreeWidgetItem;
         item->setText(kLine, finding.line == 0 ? QString() : QString::number(finding.line));
@@ -243,7 +238,7 @@ void CheckDock::fillTable() {
         item->setText(kText, sentence);
         items.append(item);
     }
-    for (const QString& line : leftOutOf(*m_result)) {
+    for (const QString& line : leftOutOf(*m_checked.result)) {
         auto* item = new QTreeWidgetItem({QString(), line});
         item->setFlags(Qt::ItemIsEnabled);
         items.append(item);
@@ -255,12 +250,13 @@ void CheckDock::choose() {
     const QList<QTreeWidgetItem*> chosen = m_table->selectedItems();
     const int index = chosen.isEmpty() ? -1 : m_table->indexOfTopLevelItem(chosen.first());
     if (index >= 0) {
-        const gcode_check::Finding& finding = m_result->findings[static_cast<std::size_t>(index)];
+        const gcode_check::Finding& finding =
+            m_checked.result->findings[static_cast<std::size_t>(index)];
         showPageOf(finding.kind);
         const std::size_t line = finding.line;
         int row = 0;
         m_lines->setPlainText(
-            m_program->excerpt(std::max<std::size_t>(line, 1), kLinesAround, &row));
+            m_checked.program->excerpt(std::max<std::size_t>(line, 1), kLinesAround, &row));
         QTextEdit::ExtraSelection mark;
         mark.cursor = QTextCursor(m_lines->document()->findBlockByNumber(row));
         mark.format.setBackground(m_lines->palette().highlight());
@@ -281,7 +277,7 @@ void CheckDock::showPageOf(gcode_check::FindingKind kind) {
 }
 
 void CheckDock::tellOutdated(const QString& why) {
-    if (m_result != nullptr) {
+    if (m_checked.result != nullptr) {
         m_summary->setText(why);
     }
 }

@@ -3,25 +3,24 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <memory>
 
 #include <QDockWidget>
 
 #include "findings/Check.h"
 
+class CheckFields;
 class CheckedProgram;
-class QCheckBox;
-class QDoubleSpinBox;
 class QLabel;
 class QPlainTextEdit;
+class QProgressBar;
 class QPushButton;
 class QTreeWidget;
 
-/// What a program is checked with, in the drawing's unit.
-struct CheckValues {
-    double surface = 0;
-    std::optional<double> depth;
-    double tolerance = 0;
+/// A program and what its check found.
+struct CheckedResult {
+    std::shared_ptr<const CheckedProgram> program;
+    std::shared_ptr<const gcode_check::CheckResult> result;
 };
 
 /// What the check of a program found: the findings ("findingsTable"), the program's lines around
@@ -32,17 +31,23 @@ class CheckDock : public QDockWidget {
 public:
     explicit CheckDock(QWidget* parent = nullptr);
 
-    CheckValues values() const;
+    CheckFields* fields() const { return m_fields; }
 
-    /// Shows a result, nothing chosen. The program must stay until the next call.
-    void showResult(const CheckedProgram* program, const gcode_check::CheckResult* result,
-                    const QString& heldAgainst);
+    /// A check has begun that takes its time; no result is shown. With the program's path.
+    void showChecking(const QString& path, const QString& heldAgainst);
+    /// From 0 to 1.
+    void setPart(double part);
+    /// Nothing chosen.
+    void showResult(const CheckedResult& checked, const QString& heldAgainst);
+    /// There is no result, and why.
+    void showNothing(const QString& path, const QString& why);
     /// The drawing that the findings are about has gone or is no longer the same.
     void tellOutdated(const QString& why);
 
 Q_SIGNALS:
     void chooseAsked();
     void againAsked();
+    void stopAsked();
     void reportAsked();
     /// A page of the manual.
     void pageAsked(const QString& page);
@@ -51,26 +56,24 @@ Q_SIGNALS:
 
 private:
     QWidget* createHead();
+    QWidget* createBusy();
     QWidget* createMiddle();
     QLayout* createButtons();
+    void take(const CheckedResult& checked);
+    void tellProgram(const QString& path, const QString& text);
     void fillTable();
     void choose();
     void showPageOf(gcode_check::FindingKind kind);
-    /// Other values ask for another check.
-    void checkChanged();
 
-    const CheckedProgram* m_program = nullptr;
-    const gcode_check::CheckResult* m_result = nullptr;
+    CheckedResult m_checked;
     QLabel* m_head;
+    CheckFields* m_fields;
     QLabel* m_summary;
+    QWidget* m_busy;
+    QProgressBar* m_bar;
     QTreeWidget* m_table;
     QLabel* m_page;
     QPlainTextEdit* m_lines;
-    QDoubleSpinBox* m_surface;
-    QDoubleSpinBox* m_tolerance;
-    QCheckBox* m_isDepthMeant;
-    QDoubleSpinBox* m_depth;
-    CheckValues m_checked;
     QPushButton* m_again;
     QPushButton* m_report;
 };

@@ -449,6 +449,7 @@ void MainWindow::end() {
         // Nobody sees the command line any more.
         std::cerr << "kxhost: " + settingsFailure().toStdString() + "\n";
     }
+    m_check->stop();
     m_drawings->closeAll();
     m_session->unloadAddins();
     m_help.reset();

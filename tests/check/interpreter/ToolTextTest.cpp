@@ -39,7 +39,9 @@ TEST(ToolText, WhatIsNoToolIsNamed) {
                   "'" + std::string(bad) + "' is no tool: NUMBER=DIAMETER, as 3=6 or 3=0.25in");
     }
     // Decimals stand behind a point; 12 mm for 12.5 would be a wrong radius.
-    EXPECT_EQ(toolsAsText("3=6, 7=12,5"), "'5' is no tool: NUMBER=DIAMETER, as 3=6 or 3=0.25in");
+    for (const char* comma : {"7=12,5", "3=6, 7=12,5", "7=12,5, 3=6"}) {
+        EXPECT_EQ(toolsAsText(comma), "'7=12,5' is no tool: NUMBER=DIAMETER, as 3=6 or 3=0.25in");
+    }
     EXPECT_EQ(toolsAsText("3=0.25 in"), "'in' is no tool: NUMBER=DIAMETER, as 3=6 or 3=0.25in");
 }
 

@@ -3,73 +3,19 @@
 #include "window/ProgramCheck.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
-#include <QDir>
-#include <QDockWidget>
 #include <QDoubleSpinBox>
-#include <QFile>
-#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
-#include <QPixmap>
-#include <QPlainTextEdit>
-#include <QScrollBar>
-#include <QTest>
-#include <QTextBlock>
-#include <QTreeWidget>
 
-#include "HostWindowTest.h"
-#include "Waiting.h"
-#include "view/DrawingView.h"
+#include "ProgramCheckWindow.h"
 #include "window/Drawings.h"
 #include "window/FileWatch.h"
 
 namespace {
 
-constexpr char kHead[] = "G21 G90\nM3 S1000\nG0 Z5\n";
-constexpr char kFirstLine[] = "G0 X0 Y0\nG1 Z-1 F100\nG1 X100 Y0 F300\nG0 Z5\n";
-constexpr char kSecondLine[] = "G0 X100 Y50\nG1 Z-1 F100\nG1 X0 Y50 F300\nG0 Z5\n";
-/// Ten units beside the second line.
-constexpr char kBeside[] = "G0 X100 Y60\nG1 Z-1 F100\nX0 Y60 F300\nG0 Z5\n";
-constexpr char kEnd[] = "M5\nM30\n";
-
-class ProgramCheckTest : public HostWindowTest {
-protected:
-    QString program(const std::string& text, const QString& name = "program.nc") const {
-        const QString path = folder.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text.data(), static_cast<qint64>(text.size()));
-        return path;
-    }
-    void check(const std::string& text) { type("CHECKPROGRAM " + program(text)); }
-
-    QTreeWidget* table() const { return find<QTreeWidget>("findingsTable"); }
-    QString head() const { return find<QLabel>("checkHead")->text(); }
-    QString summary() const { return find<QLabel>("checkSummary")->text(); }
-    QStringList findings() const {
-        QStringList lines;
-        for (int i = 0; i < table()->topLevelItemCount(); ++i) {
-            const QTreeWidgetItem* item = table()->topLevelItem(i);
-            lines.append(item->text(0) + ": " + item->text(1));
-        }
-        return lines;
-    }
-    void clickFinding(int row) const {
-        const QRect place = table()->visualItemRect(table()->topLevelItem(row));
-        QTest::mouseClick(table()->viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
-    }
-    /// The program's line that stands out.
-    QString markedLine() const {
-        const auto marks = find<QPlainTextEdit>("programLines")->extraSelections();
-        return marks.isEmpty() ? QString() : marks.first().cursor.block().text().trimmed();
-    }
-    const PathMark& shown() const { return tab()->view()->path(); }
-    void selectLines() {
-        open(writeMixed());
-        type("SELECTTYPE LINE");
-        ASSERT_EQ(selectedCount(), 2U);
-    }
-};
+class ProgramCheckTest : public ProgramCheckWindow {};
 
 TEST_F(ProgramCheckTest, AProgramThatCutsWhatIsSelectedShowsNothingFound) {
     selectLines();
@@ -139,7 +85,7 @@ TEST_F(ProgramCheckTest, WhatIsShownGoesWithTheDockAndWithTheNextCheck) {
     clickFinding(0);
     ASSERT_FALSE(shown().isEmpty());
     find<QDockWidget>("checkDock")->close();
-    EXPECT_TRUE(shown().isEmpty());
+    EXPECT_TRUE(waitUntil([this] { return shown().isEmpty(); }));
     check(bad);
     clickFinding(0);
     ASSERT_FALSE(shown().isEmpty());
@@ -152,11 +98,11 @@ TEST_F(ProgramCheckTest, CheckAgainReadsTheFileAnewAndTakesTheSurface) {
     check(std::string(kHead) + kFirstLine + kSecondLine + kBeside + kEnd);
     EXPECT_EQ(findings().size(), 1);
     program(std::string(kHead) + kFirstLine + kSecondLine + kEnd);
-    click("checkAgain");
+    checkAgain();
     EXPECT_EQ(findings(), QStringList());
     // All moves are above such a material.
     find<QDoubleSpinBox>("checkSurface")->setValue(-20);
-    click("checkAgain");
+    checkAgain();
     EXPECT_EQ(findings().size(), 1) << findings().join('\n').toStdString();
 }
 
@@ -164,16 +110,14 @@ TEST_F(ProgramCheckTest, AnotherSurfaceOrToleranceIsCheckedWhenItIsEntered) {
     selectLines();
     check(std::string(kHead) + kFirstLine + kSecondLine + kBeside + kEnd);
     ASSERT_EQ(findings().size(), 1);
-    auto* box = find<QDoubleSpinBox>("checkTolerance");
-    box->setFocus();
-    box->selectAll();
-    QTest::keyClicks(box, "11");
-    QTest::keyClick(box, Qt::Key_Return);
+    enter<QDoubleSpinBox>("checkTolerance", "11");
+    waitForCheck();
     EXPECT_FALSE(findings().join("\n").contains("no selected object"))
         << findings().join("\n").toStdString();
     const QStringList before = findings();
     clickFinding(0);
-    QTest::keyClick(box, Qt::Key_Return);
+    QTest::keyClick(find<QDoubleSpinBox>("checkTolerance"), Qt::Key_Return);
+    EXPECT_FALSE(isRunning());
     EXPECT_FALSE(markedLine().isEmpty()) << "nothing changed: nothing is checked again";
     EXPECT_EQ(findings(), before);
 }
@@ -186,14 +130,64 @@ TEST_F(ProgramCheckTest, ADepthIsCheckedWhenItIsMeant) {
     EXPECT_FALSE(depth->isEnabled());
     auto* isMeant = find<QCheckBox>("checkIsDepthMeant");
     QTest::mouseClick(isMeant, Qt::LeftButton, Qt::NoModifier, QPoint(8, isMeant->height() / 2));
+    waitForCheck();
     EXPECT_EQ(findings(), QStringList()) << "it stands at the depth of the cuts";
-    depth->setFocus();
-    depth->selectAll();
-    QTest::keyClicks(depth, "-0.5");
-    QTest::keyClick(depth, Qt::Key_Return);
+    enter<QDoubleSpinBox>("checkDepth", "-0.5");
+    waitForCheck();
     EXPECT_FALSE(findings().isEmpty()) << "cuts are at -1";
     QTest::mouseClick(isMeant, Qt::LeftButton, Qt::NoModifier, QPoint(8, isMeant->height() / 2));
+    waitForCheck();
     EXPECT_EQ(findings(), QStringList());
+}
+
+/// A contour of 3 mm beside the first line, which tool 4 of 6 mm cuts by compensation.
+constexpr char kCompensated[] =
+    "T4 M6\nG0 X-20 Y-20\nG1 Z-1 F100\nG41 D4 G1 X-10 Y0 F300\nX100\nG0 Z5\nG40 X120 Y20\n";
+
+TEST_F(ProgramCheckTest, ToolsAreTakenWhenTheyAreEntered) {
+    selectLines();
+    const std::string text = std::string(kHead) + kCompensated + kEnd;
+    check(text);
+    ASSERT_FALSE(findings().isEmpty());
+    EXPECT_TRUE(findings().last().contains("4=6 under Tools")) << findings().last().toStdString();
+    enter<QLineEdit>("checkTools", "3=8, 4=6");
+    waitForCheck();
+    EXPECT_FALSE(findings().join('\n').contains("The check ends here"))
+        << findings().join('\n').toStdString();
+    EXPECT_TRUE(summary().contains("1 of 2 selected objects cut entirely"))
+        << summary().toStdString();
+    // They are kept for the next program, and with the dock.
+    dock()->close();
+    checkFile(program(text, "other.nc"));
+    EXPECT_EQ(find<QLineEdit>("checkTools")->text(), "3=8, 4=6");
+    EXPECT_TRUE(summary().contains("1 of 2 selected objects cut entirely"))
+        << summary().toStdString();
+}
+
+TEST_F(ProgramCheckTest, NothingIsCheckedWithToolsThatCantBeRead) {
+    selectLines();
+    check(std::string(kHead) + kCompensated + kEnd);
+    const QStringList before = findings();
+    const auto* error = find<QLabel>("checkToolsError");
+    EXPECT_FALSE(error->isVisible());
+    enter<QLineEdit>("checkTools", "4=6mm");
+    EXPECT_FALSE(isRunning());
+    EXPECT_TRUE(error->isVisible());
+    const QString words = "'4=6mm' is no tool: NUMBER=DIAMETER, as 3=6 or 3=0.25in";
+    EXPECT_EQ(error->text(), words);
+    EXPECT_EQ(findings(), before);
+    // What is asked for all the same is refused in the same words.
+    find<QDockWidget>("layersDock")->raise();
+    type("CHECKPROGRAM " + folder.filePath("program.nc"));
+    EXPECT_FALSE(isRunning());
+    EXPECT_TRUE(said().contains("The tools of the check can't be read: " + words))
+        << said().toStdString();
+    EXPECT_TRUE(find<QLineEdit>("checkTools")->isVisible());
+    EXPECT_TRUE(find<QLineEdit>("checkTools")->hasFocus());
+    enter<QLineEdit>("checkTools", "4=6");
+    waitForCheck();
+    EXPECT_FALSE(error->isVisible());
+    EXPECT_NE(findings(), before);
 }
 
 TEST_F(ProgramCheckTest, ALongSentenceIsShownWholeAtAnyWidth) {
@@ -268,12 +262,12 @@ TEST_F(ProgramCheckTest, AProgramThatIsWrittenAnewIsSaid) {
     const QString anew = "The program was written anew: check again.";
     program(std::string(kHead) + kFirstLine + kBeside + kEnd);
     EXPECT_TRUE(waitUntil([&] { return summary() == anew; }));
-    click("checkAgain");
+    checkAgain();
     EXPECT_FALSE(findings().isEmpty());
     ASSERT_NE(summary(), anew);
     // Another program is what counts from then on.
     const QString other = program(std::string(kHead) + kFirstLine + kEnd, "other.nc");
-    type("CHECKPROGRAM " + other);
+    checkFile(other);
     program(std::string(kHead) + kEnd);
     letPass(FileWatch::kQuietMs * 3);
     EXPECT_NE(summary(), anew);
@@ -309,6 +303,7 @@ TEST_F(ProgramCheckTest, TheMenuAsksForTheProgram) {
             action->trigger();
         }
     }
+    waitForCheck();
     EXPECT_EQ(head(), "program.nc, held against 2 selected objects of mixed.dxf");
 }
 
@@ -319,22 +314,6 @@ TEST_F(ProgramCheckTest, TheReportIsTheTextOfTheCommandLine) {
     const auto* text = find<QPlainTextEdit>("textView");
     EXPECT_TRUE(text->toPlainText().contains("cut-off-drawing"))
         << text->toPlainText().toStdString();
-}
-
-TEST_F(ProgramCheckTest, APictureOfIt) {
-    open(example("flange.dxf"));
-    type("SELECTALL");
-    type("CHECKPROGRAM " + example("flange.nc"));
-    letPass(200);
-    if (table()->topLevelItemCount() > 0) {
-        clickFinding(0);
-    }
-    letPass(200);
-    const QString folderOfPictures = qEnvironmentVariable("KX_PICTURES");
-    if (!folderOfPictures.isEmpty()) {
-        EXPECT_TRUE(window->grab().save(QDir(folderOfPictures).filePath("check-program.png")));
-    }
-    EXPECT_TRUE(head().startsWith("flange.nc, held against")) << head().toStdString();
 }
 
 }  // namespace
