@@ -7,6 +7,7 @@
 
 #include <kx/host/kxHostApplication.h>
 
+#include "CheckProgress.h"
 #include "DrawingFile.h"
 #include "ExitCode.h"
 #include "Message.h"
@@ -111,7 +112,7 @@ gcode_check::CheckOptions Checking::checkOptions() const {
 
 int Checking::report() const {
     const gcode_check::CheckResult result =
-        gcode_check::check(m_program, checkOptions(), m_drawing ? &*m_drawing : nullptr);
+        checkTelling(m_program, checkOptions(), m_drawing ? &*m_drawing : nullptr, m_options.quiet);
     const gcode_check::ReportHead head =
         headOf(m_options.program, "standard input", m_options.drawing, m_options.check);
     const std::string text = m_options.json ? gcode_check::jsonReport(result, head)

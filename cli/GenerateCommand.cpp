@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "AddinFile.h"
+#include "CheckProgress.h"
 #include "DrawingFile.h"
 #include "ExitCode.h"
 #include "FileNames.h"
@@ -251,8 +252,8 @@ int Generation::checkProgram() const {
             .drawing;
     const std::string_view program(m_program.constData(),
                                    static_cast<std::size_t>(m_program.size()));
-    const gcode_check::CheckResult result =
-        gcode_check::check(program, checkOptionsOf(checkSettingsOf(m_options)), &drawing);
+    const gcode_check::CheckResult result = checkTelling(
+        program, checkOptionsOf(checkSettingsOf(m_options)), &drawing, m_options.quiet);
     std::cerr << gcode_check::textReport(
         result, headOf(m_options.output, "standard output", m_options.drawing, m_options.check));
     return exitCodeOf(result);
