@@ -6,10 +6,10 @@
 #include "findings/Findings.h"
 #include "findings/drawing/DrawingCheck.h"
 #include "findings/rules/ArcRadiusRule.h"
-#include "findings/rules/BinaryRule.h"
 #include "findings/rules/DepthRule.h"
 #include "findings/rules/HeightIncrementsRule.h"
 #include "findings/rules/IntendedDepthRule.h"
+#include "findings/rules/NoProgramRule.h"
 #include "findings/rules/PlungeFeedRule.h"
 #include "findings/rules/ProgramRules.h"
 #include "findings/rules/RapidRule.h"
@@ -117,10 +117,10 @@ Heights heightsFor(const Findings& findings) {
     return wrong ? Heights::Any : Heights::BelowSurface;
 }
 
-// Whatever else could be said of it would be said of bytes that nobody meant.
-CheckResult binaryResult(std::string_view program, CheckResult result, const Drawing* drawing) {
+// Whatever else could be said of it would be said of what nobody meant.
+CheckResult noProgramResult(std::string_view program, CheckResult result, const Drawing* drawing) {
     Findings findings(1);
-    findBinary(program, findings);
+    findNoProgram(program, findings);
     result.drawingGiven = drawing != nullptr;
     result.shapes = drawing != nullptr ? drawing->shapes.size() : 0;
     findings.moveInto(result);
@@ -175,8 +175,8 @@ CheckResult check(std::string_view program, const CheckOptions& options, const D
     }
     result.depthGiven = options.depth.has_value();
     // What is read to its end is a program.
-    if (result.reading.stopLine != 0 && isBinary(program)) {
-        return binaryResult(program, std::move(result), drawing);
+    if (result.reading.stopLine != 0 && isNoProgram(program)) {
+        return noProgramResult(program, std::move(result), drawing);
     }
     Setting setting = settingOf(program, result.reading, options, drawing);
     setting.progress = &progress;

@@ -10,6 +10,7 @@
 #include "InvalidLines.h"
 #include "Judge.h"
 #include "RandomProgram.h"
+#include "findings/rules/NoProgramRule.h"
 
 namespace {
 
@@ -102,4 +103,11 @@ TEST(JudgedPrograms, FiveHundredBadOnesAreRejectedAtTheLineWhereTheControllerRej
         rejected += judgement.isAccepted ? 0 : 1;
     }
     EXPECT_EQ(rejected, kPrograms);
+}
+
+TEST(RejectedPrograms, AreProgramsAllTheSame) {
+    for (std::size_t seed = 0; seed < kPrograms; ++seed) {
+        const std::string text = rejectedProgram(seed).text;
+        EXPECT_FALSE(gcode_check::isNoProgram(text)) << text;
+    }
 }
