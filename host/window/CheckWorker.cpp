@@ -11,8 +11,9 @@
 struct CheckWorker::Run {
     std::atomic<bool> isStopped = false;
     std::atomic<double> part = 0;
-    /// Written by the one, read by the other when all is done.
+    /// Written by the one before it is done, read by the other afterwards.
     Result result;
+    std::atomic<bool> isDone = false;
 };
 
 namespace {
@@ -50,9 +51,9 @@ void CheckWorker::start(std::shared_ptr<const CheckTask> task) {
     m_pool.start([this, run, task = std::move(task)]() mutable {
         if (!run->isStopped) {
             gcode_check::CheckOptions options = task->options;
-            options.progress = [&run](double part) {
+            options.progress = [&run, &own = task->options.progress](double part) {
                 run->part = part;
-                return !run->isStopped;
+                return !run->isStopped && (own == nullptr || own(part));
             };
             run->result = resultOf(*task, options);
         }
@@ -61,6 +62,7 @@ void CheckWorker::start(std::shared_ptr<const CheckTask> task) {
         if (run->isStopped) {
             run->result.reset();
         }
+        run->isDone = true;
         // This object outlives the thread, and what is asked of it is forgotten when it goes.
         QMetaObject::invokeMethod(
             this, [this, run] { take(run); }, Qt::QueuedConnection);
@@ -83,7 +85,7 @@ double CheckWorker::part() const {
 }
 
 void CheckWorker::take(const std::shared_ptr<Run>& run) {
-    if (run == m_run) {
+    if (run == m_run && run->isDone) {
         m_run.reset();
         Q_EMIT finished(run->result);
     }

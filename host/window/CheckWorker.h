@@ -12,7 +12,8 @@
 #include "findings/Check.h"
 #include "window/CheckedProgram.h"
 
-/// What is checked: plain data, so that the drawing can go on to change.
+/// What is checked: plain data, so that the drawing can go on to change. The progress of the
+/// options is told in the thread that checks.
 struct CheckTask {
     std::shared_ptr<const CheckedProgram> program;
     gcode_check::CheckOptions options;
