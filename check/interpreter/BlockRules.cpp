@@ -124,6 +124,11 @@ bool checkP(const Block& block, int motion, Fault& fault) {
         return reject(fault, Rule::WordMissing, block.columnOfG(GGroup::OneShot), "G4",
                       "P with the seconds");
     }
+    if (oneShot == 40 && isArc(block.g(GGroup::Motion))) {
+        return reject(fault, Rule::CodesClash, block.columnOfG(GGroup::Motion),
+                      textOfG(block.g(GGroup::Motion)).text,
+                      "no arc beside G4: both would take the P");
+    }
     const int output = block.m(MGroup::Output);
     if (isBetween(output, 62, 65) && !block.has('P')) {
         return reject(fault, Rule::WordMissing, block.columnOfM(MGroup::Output),
@@ -145,7 +150,10 @@ bool checkQ(const Block& block, int motion, Fault& fault) {
 }
 
 bool checkR(const Block& block, int motion, Fault& fault) {
-    const bool isUsed = block.g(GGroup::OneShot) == 100 || isArc(motion) || isCycle(motion);
+    // Of G41.1 and G42.1 a controller takes an R and does nothing with it.
+    const int radiusOffset = block.g(GGroup::RadiusOffset);
+    const bool isUsed = block.g(GGroup::OneShot) == 100 || isArc(motion) || isCycle(motion) ||
+                        radiusOffset == 411 || radiusOffset == 421;
     return !block.has('R') || isUsed || withoutUse(block, 'R', "G2 G3 G10 or a cycle", fault);
 }
 

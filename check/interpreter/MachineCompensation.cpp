@@ -117,10 +117,6 @@ bool Machine::checkBehindCompensation(const Block& block, Fault& fault) const {
     if (off != Block::kNone && (off == 923 ? m_kept92 : m_offset92) != Axes{}) {
         return notFollowed(block.columnOfG(GGroup::OffsetOff), textOfG(off).text, fault);
     }
-    const int motion = motionOf(block, m_mode);
-    if (isCycle(motion)) {
-        return forbid(columnOfMove(block), textOfG(motion).text, fault);
-    }
     return checkOneShot(block, systemInForce(), fault);
 }
 
@@ -252,6 +248,8 @@ bool Machine::compensated(const Block& block, Motion& motion, const Axes& to, Pr
         return reject(fault, Rule::CompensationArcTooSmall, column, "an arc around the tool",
                       "a radius larger than the tool's");
     }
+    // The step round a corner has the rotary axes of the move behind it already.
+    std::copy(to.begin() + 3, to.end(), m_position.begin() + 3);
     if (!turnCorner(column, motion, path, fault)) {
         return false;
     }

@@ -40,6 +40,13 @@ struct Machine::Cycle {
 };
 
 bool Machine::cycle(const Block& block, int motion, Fault& fault) {
+    if (m_compensation.isOn) {
+        const std::uint32_t column =
+            block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
+        return reject(fault, Rule::CompensationForbids, column,
+                      std::string(textOfG(motion).text) + " in radius compensation",
+                      "G40 before it");
+    }
     if (m_modes.feedMode == FeedMode::InverseTime) {
         return reject(fault, Rule::CycleInverseTime, 1, textOfG(motion).text,
                       "G94 or G95 with a cycle");

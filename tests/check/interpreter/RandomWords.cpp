@@ -29,6 +29,9 @@ RandomWords::RandomWords(std::uint64_t seed)
       m_letters("XYZXYZXYZXYZIJKRRPLFSABC"),
       m_endsBadly(seed % 2 == 1) {
     const bool hasUnits = seed % 3 == 1;
+    if (seed % 7 == 3) {
+        append(m_codes, {"G41.1 D.5", "G42.1 D.5", "G41.1 D2", "G41 D4", "G40", "G1", "G1", "G1"});
+    }
     if (seed % 4 >= 2) {
         m_letters += "@^";
     }
