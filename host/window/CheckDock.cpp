@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <QTextBlock>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -52,6 +53,18 @@ QStyle::StandardPixmap iconOf(Severity severity) {
     return QStyle::SP_MessageBoxInformation;
 }
 
+/// Icons stand beside the first line of a text.
+class TopIcons : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->decorationAlignment = Qt::AlignLeft | Qt::AlignTop;
+    }
+};
+
 /// What of a kind is not among the findings.
 QStringList leftOutOf(const gcode_check::CheckResult& result) {
     QStringList lines;
@@ -69,11 +82,15 @@ QStringList leftOutOf(const gcode_check::CheckResult& result) {
 /// What must be seen without reading the list.
 QString summaryOf(const gcode_check::CheckResult& result) {
     const auto text = [](const std::string& line) { return QString::fromStdString(line); };
+    // No line ends within it.
+    const auto whole = [&](const std::string& time) {
+        return text(time).replace(' ', QChar::Nbsp);
+    };
     const auto length = [&](double value) { return text(gcode_check::numberText(value, 3)); };
     const gcode_check::Figures& figures = result.figures;
     const QString figuresText = CheckDock::tr("Cutting depth %1, cut length %2, time about %3")
                                     .arg(length(figures.cuttingDepth), length(figures.cutLength),
-                                         text(gcode_check::timeText(figures.seconds())));
+                                         whole(gcode_check::timeText(figures.seconds())));
     return text(verdictText(result)) + '\n' + text(coverageText(result)) + '\n' + figuresText;
 }
 
@@ -139,6 +156,7 @@ QWidget* CheckDock::createMiddle() {
     m_table->setHeaderLabels({tr("Line"), tr("Finding")});
     m_table->setRootIsDecorated(false);
     wrapRows(m_table, kText);
+    m_table->setItemDelegateForColumn(kLine, new TopIcons(m_table));
     m_table->header()->setSectionResizeMode(kLine, QHeaderView::ResizeToContents);
     m_table->header()->setSectionResizeMode(kText, QHeaderView::Stretch);
     m_page->setObjectName("findingPage");
@@ -160,8 +178,10 @@ QWidget* CheckDock::createMiddle() {
     rows->addWidget(m_page);
     rows->addWidget(m_lines, 1);
     middle->addWidget(chosen);
+    // Findings are read, of the program a few lines are enough.
     middle->setStretchFactor(0, 3);
-    middle->setStretchFactor(1, 2);
+    middle->setStretchFactor(1, 1);
+    middle->setSizes({300, 100});
     return middle;
 }
 

@@ -3,15 +3,17 @@
 #pragma once
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include <QWidget>
 
 #include "interpreter/MachineState.h"
 
+class QAction;
 class QCheckBox;
 class QDoubleSpinBox;
-class QFormLayout;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 
@@ -23,7 +25,8 @@ struct CheckValues {
     std::vector<gcode_check::Tool> tools;
 };
 
-/// The fields of what a program is checked with.
+/// The fields of what a program is checked with: below each other, or in two columns where there is
+/// room.
 class CheckFields : public QWidget {
     Q_OBJECT
 
@@ -37,12 +40,19 @@ public:
     /// The values are those of the last check.
     void accept();
 
+    QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     /// Other values than those that were accepted, without an error.
     void entered();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
-    void addTools(QFormLayout* rows);
+    void createTools();
+    void createGrid();
+    void arrange(int columns);
     void judge();
 
     QDoubleSpinBox* m_surface;
@@ -51,5 +61,13 @@ private:
     QDoubleSpinBox* m_tolerance;
     QLineEdit* m_tools;
     QLabel* m_toolsError;
+    /// The sign in the field that goes with it.
+    QAction* m_wrong = nullptr;
+    QGridLayout* m_grid;
+    /// Labels and their fields.
+    std::vector<std::pair<QWidget*, QWidget*>> m_rows;
+    int m_columns = 0;
+    int m_leastWidth = 0;
+    int m_wideWidth = 0;
     CheckValues m_accepted;
 };

@@ -22,7 +22,7 @@
 namespace {
 
 /// Of the dock when it comes up: sentences are to be read.
-constexpr int kWidth = 360;
+constexpr int kWidth = 380;
 constexpr int kUpdateMs = 50;
 
 }  // namespace
@@ -216,7 +216,11 @@ void ProgramCheck::follow(DrawingTab* tab) {
     if (tab != nullptr) {
         connect(tab, &DrawingTab::objectsChanged, this,
                 [this] { forget(tr("The drawing changed: check again.")); });
-        connect(tab, &QObject::destroyed, this, [this] { forget(tr("The drawing was closed.")); });
+        connect(tab, &QObject::destroyed, this, [this] {
+            // Its view is gone already.
+            m_tab.clear();
+            forget(tr("The drawing was closed."));
+        });
     }
 }
 

@@ -207,6 +207,52 @@ TEST_F(ProgramCheckTest, ALongSentenceIsShownWholeAtAnyWidth) {
     }
 }
 
+/// Whether all of a control is to be seen within the dock.
+bool isWhole(const QWidget* control, const QWidget* dock) {
+    const QRect place(control->mapTo(dock, QPoint(0, 0)), control->size());
+    return control->isVisible() && dock->rect().contains(place) &&
+           control->visibleRegion().boundingRect() == control->rect();
+}
+
+TEST_F(ProgramCheckTest, AtAnyWidthAllOfTheDockIsToBeSeen) {
+    open(example("flange.dxf"));
+    type("SELECTALL");
+    checkFile(example("flange.nc"));
+    for (const int width : {1, 300, 380, 600}) {
+        window->resizeDocks({dock()}, {width}, Qt::Horizontal);
+        letPass(50);
+        EXPECT_LT(dock()->width(), std::max(width, 300) + 20);
+        for (const char* name : {"checkHead", "checkSurface", "checkIsDepthMeant", "checkDepth",
+                                 "checkTolerance", "checkTools", "checkSummary", "findingsTable",
+                                 "programLines", "checkChoose", "checkAgain", "checkReport"}) {
+            EXPECT_TRUE(isWhole(find<QWidget>(name), dock())) << name << " at " << width;
+        }
+    }
+}
+
+TEST_F(ProgramCheckTest, AtTheUsualSizeSeveralFindingsAndTheChosenLineAreToBeSeen) {
+    open(example("flange.dxf"));
+    type("SELECTALL");
+    std::string text = kHead;
+    for (int i = 0; i < 20; ++i) {
+        text += kBeside;
+    }
+    check(text + kEnd);
+    ASSERT_GT(findings().size(), 10);
+    clickFinding(0);
+    letPass(50);
+    int whole = 0;
+    for (int i = 0; i < table()->topLevelItemCount(); ++i) {
+        const QRect row = table()->visualItemRect(table()->topLevelItem(i));
+        whole += table()->viewport()->rect().contains(row) ? 1 : 0;
+    }
+    EXPECT_GE(whole, 3);
+    const auto* lines = find<QPlainTextEdit>("programLines");
+    const QRect line = lines->cursorRect();
+    EXPECT_TRUE(lines->viewport()->rect().contains(line.center()));
+    EXPECT_GT(line.top(), line.height() / 2) << "the lines before it are seen, too";
+}
+
 TEST_F(ProgramCheckTest, WhatIsBeyondTheTableIsCounted) {
     selectLines();
     std::string many = std::string(kHead) + kFirstLine + kSecondLine;

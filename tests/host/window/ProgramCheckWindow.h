@@ -68,7 +68,9 @@ protected:
     QDockWidget* dock() const { return find<QDockWidget>("checkDock"); }
     QTreeWidget* table() const { return find<QTreeWidget>("findingsTable"); }
     QString head() const { return find<QLabel>("checkHead")->text(); }
-    QString summary() const { return find<QLabel>("checkSummary")->text(); }
+    QString summary() const {
+        return find<QLabel>("checkSummary")->text().replace(QChar::Nbsp, ' ');
+    }
     QStringList findings() const {
         QStringList lines;
         for (int i = 0; i < table()->topLevelItemCount(); ++i) {
