@@ -40,6 +40,8 @@ struct Setting {
     bool goesOn(std::size_t done, std::size_t all) const {
         return progress == nullptr || progress->goesOn(done, all);
     }
+    // Said within such a round; false: the check is stopped.
+    bool isWanted() const { return progress == nullptr || progress->isWanted(); }
     // What comes next is so much of the check.
     void beginStage(double share) const {
         if (progress != nullptr) {

@@ -19,14 +19,21 @@ bool Progress::tell(std::size_t done, std::size_t all) {
         m_next = std::numeric_limits<std::size_t>::max();
         return true;
     }
-    if (m_isStopped) {
-        return false;
-    }
     m_next = done + all / kTimesAStage + 1;
     const double part = all > 0 ? static_cast<double>(done) / static_cast<double>(all) : 0;
-    m_isStopped = !m_listener(std::min(m_begin + m_share * part, 1.0));
+    m_told = std::min(m_begin + m_share * part, 1.0);
+    return ask();
+}
+
+bool Progress::ask() {
+    if (m_listener == nullptr) {
+        return true;
+    }
+    m_isStopped = m_isStopped || !m_listener(m_told);
     if (m_isStopped) {
+        // From now on each round is told of, and ends its loop.
         m_next = 0;
+        m_rounds = kRounds - 1;
     }
     return !m_isStopped;
 }

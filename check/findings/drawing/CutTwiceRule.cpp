@@ -135,7 +135,7 @@ private:
                     m_parts.push_back(beside->parts[part]);
                     together += 2 * beside->slack;
                 }
-                return true;
+                return m_scene.setting.isWanted();
             });
         together += widthOf(m_parts);
         const double length = lengthOf(curve);
@@ -176,7 +176,7 @@ private:
             m_overlaps.clear();
             m_scene.directedCuts.each(curve, [&](std::size_t index) {
                 addOverlaps(curve, index);
-                return true;
+                return m_scene.setting.isWanted();
             });
         }
         std::sort(m_overlaps.begin(), m_overlaps.end(), [](const Overlap& a, const Overlap& b) {
@@ -194,7 +194,8 @@ private:
                              [&](std::size_t index) {
                                  addOverlaps(curve, index);
                                  ++seen;
-                                 return seen <= kMany || !isStraight;
+                                 return (seen <= kMany || !isStraight) &&
+                                        m_scene.setting.isWanted();
                              });
         return seen <= kMany || !isStraight;
     }
@@ -245,7 +246,7 @@ private:
         const auto judge = [this, &curve](const Entry& a, const Entry& b) {
             judgePair(curve, m_overlaps[a.second], m_overlaps[b.second]);
         };
-        for (std::size_t next = 0; next < m_overlaps.size(); ++next) {
+        for (std::size_t next = 0; next < m_overlaps.size() && m_scene.setting.isWanted(); ++next) {
             while (!ends.empty() && ends.top().first <= m_overlaps[next].part.from) {
                 const std::size_t ended = ends.top().second;
                 ends.pop();

@@ -3,10 +3,12 @@
 #include "interpreter/Progress.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <gtest/gtest.h>
 
 #include "findings/Check.h"
+#include "geometry/Curve.h"
 #include "report/JsonReport.h"
 
 namespace gcode_check {
@@ -87,6 +89,43 @@ TEST(Progress, AskedToStopTheCheckStopsAtOnce) {
         EXPECT_TRUE(result.findings.empty() && result.reading.motions.empty()) << at;
         EXPECT_EQ(toldAfter, 0) << "asked again after " << at;
     }
+}
+
+// All of the program goes round one circle.
+TEST(Progress, AskedToStopWithinOneObjectTheCheckStops) {
+    std::string text = "M3 S6000\nG21 G90\nG0 Z5\nG0 X50 Y0\nG1 Z-1 F100\nF300\n";
+    for (int at = 1; at <= 30000; ++at) {
+        const double angle = at * kPi / 2500;
+        text += "X" + std::to_string(50 * std::cos(angle)) + " Y" +
+                std::to_string(50 * std::sin(angle)) + "\n";
+    }
+    Drawing circle;
+    circle.shapes.resize(1);
+    circle.shapes[0].kind = ShapeKind::Circle;
+    circle.shapes[0].radius = 50;
+    circle.shapes[0].endRad = 2 * kPi;
+    int times = 0;  // that the same is told
+    int most = 0;
+    double before = -1;
+    CheckOptions options;
+    options.progress = [&](double part) {
+        times = part == before ? times + 1 : 1;
+        before = part;
+        most = std::max(most, times);
+        return true;
+    };
+    const CheckResult whole = check(text + "G0 Z5\nM5\nM30\n", options, &circle);
+    EXPECT_FALSE(whole.stopped);
+    EXPECT_EQ(whole.shapesCut, 1U);
+    ASSERT_GT(most, 10);
+    options.progress = [&](double part) {
+        times = part == before ? times + 1 : 1;
+        before = part;
+        return times < 3;
+    };
+    before = -1;
+    EXPECT_TRUE(check(text + "G0 Z5\nM5\nM30\n", options, &circle).stopped);
+    EXPECT_EQ(times, 3);
 }
 
 TEST(Progress, HeardOrNotTheResultIsTheSame) {
