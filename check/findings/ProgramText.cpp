@@ -6,20 +6,10 @@
 #include <charconv>
 #include <cmath>
 
+#include "interpreter/Characters.h"
+
 namespace gcode_check {
 namespace {
-
-bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-char upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool isLetter(char c) {
-    return upper(c) >= 'A' && upper(c) <= 'Z';
-}
 
 bool isOfNumber(char c) {
     return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '+';

@@ -61,6 +61,10 @@ public:
     std::uint32_t columnOfM(MGroup group) const {
         return m_mColumns[static_cast<std::size_t>(group)];
     }
+    // Of what makes the line a move: where its motion code stands, or the line's first column.
+    std::uint32_t columnOfMotion() const {
+        return hasG(GGroup::Motion) ? columnOfG(GGroup::Motion) : 1;
+    }
     void setG(GGroup group, int tenths, std::uint32_t column) {
         ++m_codes;
         m_g[static_cast<std::size_t>(group)] = static_cast<std::int16_t>(tenths);

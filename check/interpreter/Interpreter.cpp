@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "interpreter/Block.h"
+#include "interpreter/Characters.h"
 #include "interpreter/LineReader.h"
 #include "interpreter/Machine.h"
 
@@ -24,10 +25,6 @@ Verdict verdictOf(Rule rule) {
         default:
             return Verdict::Rejected;
     }
-}
-
-constexpr bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
 // Where the text of a line begins; npos: it has none.

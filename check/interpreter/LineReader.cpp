@@ -7,6 +7,8 @@
 #include <cmath>
 #include <string>
 
+#include "interpreter/Characters.h"
+
 namespace gcode_check {
 namespace {
 
@@ -15,21 +17,9 @@ constexpr std::size_t kLongestLine = 252;
 // A code may be off by this much from a number that is one.
 constexpr double kCodeTolerance = 0.0001;
 
-constexpr bool isBlank(char c) {
+// Between words and digits. Other blanks stand at the end of a line only.
+constexpr bool isGap(char c) {
     return c == ' ' || c == '\t' || c == '\r';
-}
-// At the end of a line these are blanks, too; before it they are no character of a program.
-constexpr bool isFeedOfPaper(char c) {
-    return c == '\v' || c == '\f';
-}
-constexpr bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-constexpr char upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-constexpr bool isLetter(char c) {
-    return upper(c) >= 'A' && upper(c) <= 'Z';
 }
 
 constexpr std::array<double, 23> kPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
@@ -47,7 +37,7 @@ public:
                           std::to_string(m_line.size()) + " characters",
                           "at most " + std::to_string(kLongestLine) + " on a line");
         }
-        while (!m_line.empty() && (isBlank(m_line.back()) || isFeedOfPaper(m_line.back()))) {
+        while (!m_line.empty() && isBlank(m_line.back())) {
             m_line.remove_suffix(1);
         }
         skipBlanks();
@@ -76,7 +66,7 @@ private:
     char peek() const { return m_at < m_line.size() ? m_line[m_at] : '\0'; }
     std::uint32_t column() const { return static_cast<std::uint32_t>(m_at) + 1; }
     void skipBlanks() {
-        while (m_at < m_line.size() && isBlank(m_line[m_at])) {
+        while (m_at < m_line.size() && isGap(m_line[m_at])) {
             ++m_at;
         }
     }
@@ -168,9 +158,7 @@ private:
         return true;
     }
 
-    bool word(char letter) {
-        const std::uint32_t begin = column();
-        m_block.hasText = true;
+    bool checkLetter(char letter) {
         switch (letter) {
             case 'O':
                 return m_hasWords ? fail(Rule::UnknownCharacter, "O as the first word of a line")
@@ -182,7 +170,15 @@ private:
             case 'W':
                 return fail(Rule::UnknownCharacter, "an axis of X, Y, Z, A, B, C");
             default:
-                break;
+                return true;
+        }
+    }
+
+    bool word(char letter) {
+        const std::uint32_t begin = column();
+        m_block.hasText = true;
+        if (!checkLetter(letter)) {
+            return false;
         }
         m_hasWords = true;
         ++m_at;
@@ -226,7 +222,7 @@ private:
     // The word as it stands there.
     std::string shown(const Number& number) const {
         std::size_t end = m_at;
-        while (isBlank(m_line[end - 1])) {
+        while (isGap(m_line[end - 1])) {
             --end;
         }
         return std::string(m_line.substr(number.column - 1, end + 1 - number.column));
@@ -327,7 +323,7 @@ private:
                 decimals += hasPoint ? 1 : 0;
             } else if (c == '.' && !hasPoint) {
                 hasPoint = true;
-            } else if (!isBlank(c)) {
+            } else if (!isGap(c)) {
                 break;
             }
         }
@@ -347,7 +343,7 @@ private:
         std::array<char, kLongestLine + 1> digits{};
         char* end = digits.data();
         for (const char c : text) {
-            if (!isBlank(c)) {
+            if (!isGap(c)) {
                 *end++ = c;
             }
         }
@@ -380,7 +376,7 @@ private:
     bool startsHere(std::string_view name) const {
         std::size_t at = m_at;
         for (std::size_t i = 0; i <= name.size(); ++i, ++at) {
-            while (at < m_line.size() && isBlank(m_line[at])) {
+            while (at < m_line.size() && isGap(m_line[at])) {
                 ++at;
             }
             const char wanted = i < name.size() ? name[i] : '[';

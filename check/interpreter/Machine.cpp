@@ -32,45 +32,49 @@ Machine::Machine(const MachineOptions& options, Reading& reading)
 
 bool Machine::execute(const Block& block, Fault& fault) {
     m_line = block.line;
-    if (!checkBlock(block, m_mode, fault) || !checkPolarPlane(block, fault)) {
+    if (!checkBlock(block, m_mode, fault) ||
+        (block.hasAny(Block::polarBits()) && !checkPolarPlane(block, fault))) {
         return false;
     }
     if (m_compensation.isOn && !checkBeforeCompensation(block, fault)) {
         return false;
     }
-    if (block.hasAnyCode() || block.hasAny(Block::bit('F') | Block::bit('S') | Block::bit('T'))) {
-        setFeedMode(block);
-        setFeedAndSpeed(block);
-        if (!selectTool(block, fault) || !changeTool(block, fault)) {
-            return false;
-        }
-        setSpindle(block);
-        if (!saveOrRestoreModes(block, fault)) {
-            return false;
-        }
-        setCoolant(block);
-        dwell(block);
-        if (block.hasG(GGroup::Plane)) {
-            m_modes.plane = static_cast<Plane>(block.g(GGroup::Plane) / 10 - 17);
-        }
-        setUnit(block);
-        if (!setCompensation(block, fault) ||
-            (m_compensation.isOn && !checkBehindCompensation(block, fault))) {
-            return false;
-        }
-        if (!setToolLength(block, fault)) {
-            return false;
-        }
-        setSystem(block);
-        setDistances(block);
-        if (!oneShot(block, fault)) {
-            return false;
-        }
-        if (block.hasG(GGroup::OffsetOff)) {
-            switch92(block.g(GGroup::OffsetOff));
-        }
+    constexpr std::uint32_t kModalWords = Block::bit('F') | Block::bit('S') | Block::bit('T');
+    if ((block.hasAnyCode() || block.hasAny(kModalWords)) && !putInForce(block, fault)) {
+        return false;
     }
     return move(block, fault) && stop(block, fault);
+}
+
+// In the order in which a controller does it, whatever the order of the words.
+bool Machine::putInForce(const Block& block, Fault& fault) {
+    setFeedMode(block);
+    setFeedAndSpeed(block);
+    if (!selectTool(block, fault) || !changeTool(block, fault)) {
+        return false;
+    }
+    setSpindle(block);
+    if (!saveOrRestoreModes(block, fault)) {
+        return false;
+    }
+    setCoolant(block);
+    dwell(block);
+    setPlane(block);
+    setUnit(block);
+    if (!setCompensation(block, fault) ||
+        (m_compensation.isOn && !checkBehindCompensation(block, fault)) ||
+        !setToolLength(block, fault)) {
+        return false;
+    }
+    setSystem(block);
+    setDistances(block);
+    if (!oneShot(block, fault)) {
+        return false;
+    }
+    if (block.hasG(GGroup::OffsetOff)) {
+        switch92(block.g(GGroup::OffsetOff));
+    }
+    return true;
 }
 
 void Machine::end(std::uint32_t line) {
@@ -220,6 +224,12 @@ void Machine::pushDwell(double seconds) {
     Motion motion = step(MotionKind::Dwell);
     motion.seconds = seconds;
     m_reading.motions.push_back(motion);
+}
+
+void Machine::setPlane(const Block& block) {
+    if (block.hasG(GGroup::Plane)) {
+        m_modes.plane = static_cast<Plane>(block.g(GGroup::Plane) / 10 - 17);
+    }
 }
 
 void Machine::setUnit(const Block& block) {

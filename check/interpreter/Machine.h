@@ -5,14 +5,12 @@
 #include <array>
 #include <optional>
 
+#include "interpreter/Axes.h"
 #include "interpreter/Block.h"
 #include "interpreter/Compensation.h"
 #include "interpreter/Reading.h"
 
 namespace gcode_check {
-
-// X, Y, Z, A, B, C in the unit in force (rotary axes in degrees).
-using Axes = std::array<double, 6>;
 
 // Executes blocks one after another, as a controller does, and writes what moves into a reading.
 class Machine {
@@ -49,6 +47,8 @@ private:
     };
     struct Cycle;
 
+    bool putInForce(const Block& block, Fault& fault);
+
     // Modes, in the order in which they come into force.
     void setFeedMode(const Block& block);
     void setFeedAndSpeed(const Block& block);
@@ -61,6 +61,7 @@ private:
     void setSpindle(const Block& block);
     void setCoolant(const Block& block);
     void dwell(const Block& block);
+    void setPlane(const Block& block);
     void setUnit(const Block& block);
     void changeUnit(bool toInches);
     void setDistances(const Block& block);

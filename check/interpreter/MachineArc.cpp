@@ -21,25 +21,22 @@ constexpr double kSpiralMostOfLeast = 100;
 constexpr double kChordMm = 0.00127;
 constexpr double kChordInches = 0.00005;
 
-struct PlaneAxes {
-    std::size_t first;
-    std::size_t second;
-    std::size_t third;
-    char firstLetter;
-    char secondLetter;
+struct PlaneLetters {
+    char first;
+    char second;
     char firstOffset;
     char secondOffset;
     char foreignOffset;
     const char* offsetsOfPlane;
 };
 
-const PlaneAxes& planeAxes(Plane plane) {
-    static constexpr std::array<PlaneAxes, 3> kAxes = {{
-        {0, 1, 2, 'X', 'Y', 'I', 'J', 'K', "I and J, the offsets of the plane XY (G17)"},
-        {2, 0, 1, 'Z', 'X', 'K', 'I', 'J', "I and K, the offsets of the plane XZ (G18)"},
-        {1, 2, 0, 'Y', 'Z', 'J', 'K', 'I', "J and K, the offsets of the plane YZ (G19)"},
+const PlaneLetters& lettersOf(Plane plane) {
+    static constexpr std::array<PlaneLetters, 3> kLetters = {{
+        {'X', 'Y', 'I', 'J', 'K', "I and J, the offsets of the plane XY (G17)"},
+        {'Z', 'X', 'K', 'I', 'J', "I and K, the offsets of the plane XZ (G18)"},
+        {'Y', 'Z', 'J', 'K', 'I', "J and K, the offsets of the plane YZ (G19)"},
     }};
-    return kAxes[static_cast<std::size_t>(plane)];
+    return kLetters[static_cast<std::size_t>(plane)];
 }
 
 std::string number(double value) {
@@ -52,25 +49,25 @@ std::string number(double value) {
 
 struct ArcWords {
     const Block& block;
-    const PlaneAxes& axes;
+    const PlaneLetters& letters;
     AxisPair start;
     AxisPair end;
     bool isInches = false;
     bool hasAbsoluteCentre = false;
     bool isClockwise = false;
 
-    std::uint32_t column() const {
-        return block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
-    }
+    std::uint32_t column() const { return block.columnOfMotion(); }
     const char* code() const { return isClockwise ? "G2" : "G3"; }
-    bool hasOffset() const { return block.has(axes.firstOffset) || block.has(axes.secondOffset); }
+    bool hasOffset() const {
+        return block.has(letters.firstOffset) || block.has(letters.secondOffset);
+    }
 };
 
 bool checkWords(const ArcWords& arc, Fault& fault) {
-    const char foreign = arc.axes.foreignOffset;
+    const char foreign = arc.letters.foreignOffset;
     if (arc.block.has(foreign)) {
         return reject(fault, Rule::WordWithoutUse, arc.block.column(foreign),
-                      std::string(1, foreign), arc.axes.offsetsOfPlane);
+                      std::string(1, foreign), arc.letters.offsetsOfPlane);
     }
     if (arc.block.has('R') && arc.hasOffset()) {
         return reject(fault, Rule::ArcFormsMixed, arc.block.column('R'), "R beside offsets",
@@ -79,7 +76,7 @@ bool checkWords(const ArcWords& arc, Fault& fault) {
     if (!arc.block.has('R') && !arc.hasOffset()) {
         return reject(
             fault, Rule::ArcWithoutCentre, arc.column(), arc.code(),
-            std::string(1, arc.axes.firstOffset) + ", " + arc.axes.secondOffset + " or R");
+            std::string(1, arc.letters.firstOffset) + ", " + arc.letters.secondOffset + " or R");
     }
     return true;
 }
@@ -118,15 +115,15 @@ bool checkRadii(const ArcWords& arc, double atStart, double atEnd, Fault& fault)
 bool centreByOffsets(const ArcWords& arc, AxisPair& centre, Fault& fault) {
     const Block& block = arc.block;
     if (arc.hasAbsoluteCentre) {
-        for (const char letter : {arc.axes.firstOffset, arc.axes.secondOffset}) {
+        for (const char letter : {arc.letters.firstOffset, arc.letters.secondOffset}) {
             if (!block.has(letter)) {
                 return reject(fault, Rule::WordMissing, arc.column(), arc.code(),
                               std::string(1, letter) + " too, as G90.1 is in force");
             }
         }
     }
-    centre.first = block.valueOr(arc.axes.firstOffset, 0);
-    centre.second = block.valueOr(arc.axes.secondOffset, 0);
+    centre.first = block.valueOr(arc.letters.firstOffset, 0);
+    centre.second = block.valueOr(arc.letters.secondOffset, 0);
     if (!arc.hasAbsoluteCentre) {
         centre.first += arc.start.first;
         centre.second += arc.start.second;
@@ -138,9 +135,9 @@ bool centreByOffsets(const ArcWords& arc, AxisPair& centre, Fault& fault) {
 bool centreByRadius(const ArcWords& arc, AxisPair& centre, Fault& fault) {
     const Block& block = arc.block;
     const double radius = block.value('R');
-    if (!block.has(arc.axes.firstLetter) && !block.has(arc.axes.secondLetter)) {
+    if (!block.has(arc.letters.first) && !block.has(arc.letters.second)) {
         return reject(fault, Rule::AxesMissing, arc.column(), arc.code(),
-                      std::string(1, arc.axes.firstLetter) + " or " + arc.axes.secondLetter);
+                      std::string(1, arc.letters.first) + " or " + arc.letters.second);
     }
     const double half = distance(arc.start, arc.end) / 2;
     if (half == 0) {
@@ -180,10 +177,10 @@ double lengthInPlane(const ProgrammedPath& path, std::int32_t turns) {
 }  // namespace
 
 bool Machine::arc(const Block& block, int motion, Fault& fault) {
-    const PlaneAxes& axes = planeAxes(m_modes.plane);
+    const PlaneAxes& axes = axesOf(m_modes.plane);
     const Axes to = target(block);
     ArcWords words{block,
-                   axes,
+                   lettersOf(m_modes.plane),
                    {m_position[axes.first], m_position[axes.second]},
                    {to[axes.first], to[axes.second]},
                    m_modes.inches,

@@ -13,16 +13,6 @@
 namespace gcode_check {
 namespace {
 
-struct PlaneIndices {
-    std::size_t first;
-    std::size_t second;
-};
-
-const PlaneIndices& planeIndices(Plane plane) {
-    static constexpr std::array<PlaneIndices, 3> kIndices = {{{0, 1}, {2, 0}, {1, 2}}};
-    return kIndices[static_cast<std::size_t>(plane)];
-}
-
 // D may be off by this much from a tool's number.
 constexpr double kNumberTolerance = 0.0001;
 // So many radians an arc may be longer than programmed, because the move before it ended early: a
@@ -31,10 +21,6 @@ constexpr double kLongerArcMm = 0.0254;
 constexpr double kLongerArcInches = 0.001;
 // Units a minute, whichever the unit is.
 constexpr double kLeastInverseTimeFeed = 0.1;
-
-std::uint32_t columnOfMove(const Block& block) {
-    return block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
-}
 
 bool forbid(std::uint32_t column, const std::string& code, Fault& fault) {
     return reject(fault, Rule::CompensationForbids, column, code + " in radius compensation",
@@ -74,12 +60,12 @@ bool checkOneShot(const Block& block, std::size_t systemInForce, Fault& fault) {
 }  // namespace
 
 AxisPair Machine::inPlane(const Axes& axes) const {
-    const PlaneIndices& plane = planeIndices(m_modes.plane);
+    const PlaneAxes& plane = axesOf(m_modes.plane);
     return {axes[plane.first], axes[plane.second]};
 }
 
 Axes Machine::besideAxes(const Axes& program, const AxisPair& tool) const {
-    const PlaneIndices& plane = planeIndices(m_modes.plane);
+    const PlaneAxes& plane = axesOf(m_modes.plane);
     Axes result = program;
     result[plane.first] = tool.first + m_compensation.shift.first;
     result[plane.second] = tool.second + m_compensation.shift.second;
@@ -232,7 +218,7 @@ void Machine::setFeedOf(Motion& motion, double programmedLength) const {
 bool Machine::compensated(const Block& block, Motion& motion, const Axes& to, ProgrammedPath path,
                           Fault& fault) {
     Compensation& state = m_compensation;
-    const std::uint32_t column = columnOfMove(block);
+    const std::uint32_t column = block.columnOfMotion();
     path.start = inPlane(m_position);
     path.end = inPlane(to);
     motion.contour = static_cast<std::int32_t>(m_reading.contours.size());
@@ -249,7 +235,7 @@ bool Machine::compensated(const Block& block, Motion& motion, const Axes& to, Pr
                       "a radius larger than the tool's");
     }
     // The step round a corner has the rotary axes of the move behind it already.
-    std::copy(to.begin() + 3, to.end(), m_position.begin() + 3);
+    std::copy(to.begin() + kLinearAxes, to.end(), m_position.begin() + kLinearAxes);
     if (!turnCorner(column, motion, path, fault)) {
         return false;
     }

@@ -15,25 +15,12 @@ namespace {
 constexpr double kPeckGapMm = 0.254;
 constexpr double kPeckGapInches = 0.010;
 
-constexpr char kLetters[] = "XYZ";
-
-struct HoleAxes {
-    std::size_t first;
-    std::size_t second;
-    std::size_t depth;
-};
-
-HoleAxes holeAxes(Plane plane) {
-    static constexpr std::array<HoleAxes, 3> kAxes = {{{0, 1, 2}, {2, 0, 1}, {1, 2, 0}}};
-    return kAxes[static_cast<std::size_t>(plane)];
-}
-
 }  // namespace
 
 struct Machine::Cycle {
     int code = 0;
-    HoleAxes axes{};
-    double level = 0;  // where the tool travels to the next hole
+    std::size_t depth = 2;  // of Axes
+    double level = 0;       // where the tool travels to the next hole
     double r = 0;
     double bottom = 0;
     double clear = 0;  // where it retracts to
@@ -41,9 +28,7 @@ struct Machine::Cycle {
 
 bool Machine::cycle(const Block& block, int motion, Fault& fault) {
     if (m_compensation.isOn) {
-        const std::uint32_t column =
-            block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
-        return reject(fault, Rule::CompensationForbids, column,
+        return reject(fault, Rule::CompensationForbids, block.columnOfMotion(),
                       std::string(textOfG(motion).text) + " in radius compensation",
                       "G40 before it");
     }
@@ -56,9 +41,9 @@ bool Machine::cycle(const Block& block, int motion, Fault& fault) {
     }
     Cycle cycle;
     cycle.code = motion;
-    cycle.axes = holeAxes(m_modes.plane);
+    cycle.depth = axesOf(m_modes.plane).third;
     if (!m_isInCycles) {
-        m_initialLevel = m_position[cycle.axes.depth];
+        m_initialLevel = m_position[cycle.depth];
         m_isInCycles = true;
     }
     return cycleHoles(block, cycle, fault);
@@ -70,14 +55,13 @@ bool Machine::cycleWord(const Block& block, char letter, bool isSame, double& va
         value = block.value(letter);
         return true;
     }
-    const std::uint32_t column = block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
-    return isSame || reject(fault, Rule::WordMissing, column, "a cycle",
+    return isSame || reject(fault, Rule::WordMissing, block.columnOfMotion(), "a cycle",
                             std::string(1, letter) + " in its first line");
 }
 
 bool Machine::cycleWords(const Block& block, int motion, Fault& fault) {
     const bool isSame = m_mode == motion;
-    const char depth = kLetters[holeAxes(m_modes.plane).depth];
+    const char depth = kAxisLetters[axesOf(m_modes.plane).third];
     if (!block.hasAxes()) {
         return reject(fault, Rule::AxesMissing, 1, textOfG(motion).text, "a coordinate");
     }
@@ -106,7 +90,7 @@ bool Machine::cycleWords(const Block& block, int motion, Fault& fault) {
 }
 
 bool Machine::cycleHoles(const Block& block, Cycle& cycle, Fault& fault) {
-    const std::size_t depth = cycle.axes.depth;
+    const std::size_t depth = cycle.depth;
     const double before = m_modes.relative ? m_initialLevel : 0;
     cycle.r = m_sticky.r + before;
     cycle.bottom = m_sticky.bottom + (m_modes.relative ? cycle.r : 0);
@@ -152,7 +136,7 @@ bool Machine::strokeTo(const Cycle& cycle, double depth, Stroke stroke, Fault& f
     motion.cycle = static_cast<std::uint8_t>(cycle.code / 10);
     motion.stroke = stroke;
     Axes to = m_position;
-    to[cycle.axes.depth] = depth;
+    to[cycle.depth] = depth;
     return pushMove(motion, to, fault);
 }
 

@@ -10,9 +10,6 @@
 namespace gcode_check {
 namespace {
 
-constexpr char kLetters[] = "XYZABC";
-constexpr std::size_t kLinearAxes = 3;
-
 bool hasRotary(const Axes& axes) {
     return axes[3] != 0 || axes[4] != 0 || axes[5] != 0;
 }
@@ -59,7 +56,7 @@ bool Machine::goHome(const Block& block, const Axes& home, Fault& fault) {
     const Axes atHome = placeOf(home);
     Axes to = between;
     for (std::size_t i = 0; i < to.size(); ++i) {
-        to[i] = !block.hasAxes() || block.has(kLetters[i]) ? atHome[i] : to[i];
+        to[i] = !block.hasAxes() || block.has(kAxisLetters[i]) ? atHome[i] : to[i];
     }
     Motion motion = step(MotionKind::Rapid);
     if (!pushMove(motion, between, fault)) {
@@ -73,8 +70,8 @@ bool Machine::goHome(const Block& block, const Axes& home, Fault& fault) {
 Axes Machine::targetFrom(const Axes& from, const Block& block) const {
     Axes result = from;
     for (std::size_t i = 0; i < result.size(); ++i) {
-        if (block.has(kLetters[i])) {
-            result[i] = block.value(kLetters[i]) + (m_modes.relative ? from[i] : 0);
+        if (block.has(kAxisLetters[i])) {
+            result[i] = block.value(kAxisLetters[i]) + (m_modes.relative ? from[i] : 0);
         }
     }
     if (block.hasAny(Block::polarBits())) {
@@ -99,7 +96,7 @@ void Machine::setPolar(const Block& block, Axes& to) const {
 
 // The plane that is in force before the line counts, not one that the line names.
 bool Machine::checkPolarPlane(const Block& block, Fault& fault) const {
-    if (m_modes.plane == Plane::XY || !block.hasAny(Block::polarBits())) {
+    if (m_modes.plane == Plane::XY) {
         return true;
     }
     const char letter = block.has('@') ? '@' : '^';
@@ -126,11 +123,11 @@ bool Machine::machineTarget(const Block& block, Axes& result, Fault& fault) cons
     }
     Axes machine = toMachineAxes(m_position);
     for (std::size_t i = 0; i < machine.size(); ++i) {
-        machine[i] = block.valueOr(kLetters[i], machine[i]);
+        machine[i] = block.valueOr(kAxisLetters[i], machine[i]);
     }
     result = placeOf(machine);
     for (std::size_t i = kLinearAxes; i < result.size(); ++i) {
-        result[i] = block.has(kLetters[i]) ? result[i] : m_position[i];
+        result[i] = block.has(kAxisLetters[i]) ? result[i] : m_position[i];
     }
     return true;
 }
@@ -161,9 +158,7 @@ bool Machine::move(const Block& block, Fault& fault) {
 
 bool Machine::checkFeed(const Block& block, int motion, Fault& fault) const {
     const auto refuse = [&](Rule rule, const char* expected) {
-        const std::uint32_t column =
-            block.hasG(GGroup::Motion) ? block.columnOfG(GGroup::Motion) : 1;
-        return reject(fault, rule, column, textOfG(motion).text, expected);
+        return reject(fault, rule, block.columnOfMotion(), textOfG(motion).text, expected);
     };
     if (m_modes.feedMode == FeedMode::InverseTime) {
         return block.has('F') || refuse(Rule::FeedMissing, "F on each line in G93");

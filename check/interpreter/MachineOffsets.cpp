@@ -9,9 +9,6 @@
 namespace gcode_check {
 namespace {
 
-constexpr char kLetters[] = "XYZABC";
-constexpr std::size_t kLinearAxes = 3;
-
 bool isZero(const Axes& axes) {
     return axes == Axes{};
 }
@@ -116,7 +113,7 @@ bool Machine::setToolLength(const Block& block, Fault& fault) {
     const Axes machine = toMachineAxes(m_position);
     if (code == 431) {
         for (std::size_t i = 0; i < m_toolOffset.size(); ++i) {
-            m_toolOffset[i] = block.valueOr(kLetters[i], m_toolOffset[i]);
+            m_toolOffset[i] = block.valueOr(kAxisLetters[i], m_toolOffset[i]);
         }
     } else if (code == 490) {
         m_toolOffset = {};
@@ -208,7 +205,7 @@ bool Machine::setOrigin(const Block& block, Fault& fault) {
         setOriginFromPosition(block, system, machine);
     } else {
         for (std::size_t i = 0; i < machine.size(); ++i) {
-            m_origins[system][i] = block.valueOr(kLetters[i], m_origins[system][i]);
+            m_origins[system][i] = block.valueOr(kAxisLetters[i], m_origins[system][i]);
         }
     }
     if (system == systemInForce()) {
@@ -226,7 +223,7 @@ void Machine::setOriginFromPosition(const Block& block, std::size_t system, cons
     const Axes before = toProgramAxes(machine);
     Axes wanted = before;
     for (std::size_t i = 0; i < wanted.size(); ++i) {
-        wanted[i] = block.valueOr(kLetters[i], before[i]);
+        wanted[i] = block.valueOr(kAxisLetters[i], before[i]);
     }
     const Axes there = toMachineAxes(wanted);
     for (std::size_t i = 0; i < wanted.size(); ++i) {
@@ -240,10 +237,10 @@ void Machine::offset92(const Block& block) {
     const bool isShift = block.g(GGroup::OneShot) == 520;
     const Axes machine = toMachineAxes(m_position);
     for (std::size_t i = 0; i < m_offset92.size(); ++i) {
-        if (!block.has(kLetters[i])) {
+        if (!block.has(kAxisLetters[i])) {
             continue;
         }
-        const double value = block.value(kLetters[i]);
+        const double value = block.value(kAxisLetters[i]);
         m_offset92[i] = isShift ? value : m_position[i] + m_offset92[i] - value;
     }
     m_kept92 = m_offset92;

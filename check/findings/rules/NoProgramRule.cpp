@@ -6,6 +6,7 @@
 
 #include "findings/Numbers.h"
 #include "findings/ProgramText.h"
+#include "interpreter/Characters.h"
 
 namespace gcode_check {
 namespace {
@@ -17,24 +18,12 @@ constexpr std::size_t kShownCharacters = 40;
 // How some systems end a text.
 constexpr char kEndOfText = '\x1a';
 
-bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r') || c == kEndOfText;
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-char upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool isLetter(char c) {
-    return upper(c) >= 'A' && upper(c) <= 'Z';
+bool isSpace(char c) {
+    return isBlank(c) || c == kEndOfText;
 }
 
 bool isOfNoText(char c) {
-    return (c >= '\0' && c < ' ' && !isBlank(c)) || c == '\x7f';
+    return (c >= '\0' && c < ' ' && !isSpace(c)) || c == '\x7f';
 }
 
 bool isUtf16(std::string_view program) {
@@ -52,7 +41,7 @@ bool isBinary(std::string_view program) {
 }
 
 void skipBlanks(std::string_view& text) {
-    while (!text.empty() && isBlank(text.front())) {
+    while (!text.empty() && isSpace(text.front())) {
         text.remove_prefix(1);
     }
 }
@@ -74,7 +63,7 @@ std::string_view behindRemarks(std::string_view line) {
 }
 
 bool beginsNumber(std::string_view text) {
-    while (!text.empty() && (isBlank(text.front()) || text.front() == '+' || text.front() == '-')) {
+    while (!text.empty() && (isSpace(text.front()) || text.front() == '+' || text.front() == '-')) {
         text.remove_prefix(1);
     }
     if (!text.empty() && text.front() == '.') {
@@ -112,7 +101,7 @@ bool hasCode(std::string_view text) {
     char before = ' ';
     for (std::size_t i = 0; i + 1 < text.size(); ++i) {
         const char letter = upper(text[i]);
-        if ((letter == 'G' || letter == 'M') && isDigit(text[i + 1]) && isBlank(before)) {
+        if ((letter == 'G' || letter == 'M') && isDigit(text[i + 1]) && isSpace(before)) {
             return true;
         }
         before = text[i];
@@ -165,7 +154,7 @@ std::string shown(std::string_view text) {
         if (result.size() == kShownCharacters) {
             return result + "...";
         }
-        result += isBlank(c) ? ' ' : c < ' ' || c > '~' ? '?' : c;
+        result += isSpace(c) ? ' ' : c < ' ' || c > '~' ? '?' : c;
     }
     return result.substr(0, result.find_last_not_of(' ') + 1);
 }

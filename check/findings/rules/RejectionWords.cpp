@@ -6,21 +6,10 @@
 #include <iterator>
 
 #include "findings/ProgramText.h"
+#include "interpreter/Characters.h"
 
 namespace gcode_check {
 namespace {
-
-bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-bool isLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
 
 std::string trimmed(std::string text) {
     text.erase(text.find_last_not_of(" \t\r") + 1);
