@@ -44,10 +44,17 @@ bool hasReturnsWithin(std::string_view text) {
     return end != std::string_view::npos && text.find('\r') < end;
 }
 
+// "XO": nobody's word, but a coordinate with a mistyped zero.
+bool isCoordinateOfO(char first, char second) {
+    return upper(second) == 'O' &&
+           std::string_view("XYZIJK").find(upper(first)) != std::string_view::npos;
+}
+
 // A word for people has three letters in a row, or is one of several.
 bool isRemark(std::string_view text) {
     std::size_t words = 0;
     std::size_t letters = 0;
+    char before = ' ';
     bool isName = false;  // of a parameter or subroutine
     for (const char c : text) {
         if (c == ';' || c == '(') {
@@ -59,10 +66,11 @@ bool isRemark(std::string_view text) {
             continue;
         }
         letters = isLetter(c) ? letters + 1 : 0;
-        words += letters == 2 ? 1 : 0;
+        words += letters == 2 && !isCoordinateOfO(before, c) ? 1 : 0;
         if (letters == 3) {
             return true;
         }
+        before = c;
     }
     return words >= 2;
 }

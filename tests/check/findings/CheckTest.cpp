@@ -259,6 +259,8 @@ TEST(Check, SaysInPlainWordsWhatARejectedLineOfThePanelLacks) {
               "A controller stops here: found W, expected an axis of X, Y, Z, A, B, C.");
     EXPECT_EQ(sentenceOf("GO X4"),
               "A controller stops here: found the letter O; a zero was meant?");
+    EXPECT_EQ(sentenceOf("GO XO YO"),
+              "A controller stops here: found the letter O; a zero was meant?");
     EXPECT_EQ(sentenceOf("go to X4"),
               "A controller stops here: found o, expected a number after G. Remarks must stand in "
               "parentheses or behind a semicolon.");
