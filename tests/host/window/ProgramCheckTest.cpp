@@ -218,15 +218,23 @@ TEST_F(ProgramCheckTest, AtAnyWidthAllOfTheDockIsToBeSeen) {
     open(example("flange.dxf"));
     type("SELECTALL");
     checkFile(example("flange.nc"));
-    for (const int width : {1, 300, 380, 600}) {
-        window->resizeDocks({dock()}, {width}, Qt::Horizontal);
-        letPass(50);
-        EXPECT_LT(dock()->width(), std::max(width, 300) + 20);
+    const auto notWhole = [this] {
+        QStringList names;
         for (const char* name : {"checkHead", "checkSurface", "checkIsDepthMeant", "checkDepth",
                                  "checkTolerance", "checkTools", "checkSummary", "findingsTable",
                                  "programLines", "checkChoose", "checkAgain", "checkReport"}) {
-            EXPECT_TRUE(isWhole(find<QWidget>(name), dock())) << name << " at " << width;
+            if (!isWhole(find<QWidget>(name), dock())) {
+                names.append(name);
+            }
         }
+        return names;
+    };
+    for (const int width : {1, 300, 380, 600}) {
+        window->resizeDocks({dock()}, {width}, Qt::Horizontal);
+        EXPECT_TRUE(waitUntil([&] { return dock()->width() < std::max(width, 300) + 20; }))
+            << width;
+        waitUntil([&] { return notWhole().isEmpty(); });
+        EXPECT_EQ(notWhole().join(' ').toStdString(), "") << width;
     }
 }
 
@@ -239,14 +247,16 @@ TEST_F(ProgramCheckTest, AtTheUsualSizeSeveralFindingsAndTheChosenLineAreToBeSee
     }
     check(text + kEnd);
     ASSERT_GT(findings().size(), 10);
+    const auto wholeRows = [this] {
+        int whole = 0;
+        for (int i = 0; i < table()->topLevelItemCount(); ++i) {
+            const QRect row = table()->visualItemRect(table()->topLevelItem(i));
+            whole += table()->viewport()->rect().contains(row) ? 1 : 0;
+        }
+        return whole;
+    };
+    EXPECT_TRUE(waitUntil([&] { return wholeRows() >= 3; })) << wholeRows();
     clickFinding(0);
-    letPass(50);
-    int whole = 0;
-    for (int i = 0; i < table()->topLevelItemCount(); ++i) {
-        const QRect row = table()->visualItemRect(table()->topLevelItem(i));
-        whole += table()->viewport()->rect().contains(row) ? 1 : 0;
-    }
-    EXPECT_GE(whole, 3);
     const auto* lines = find<QPlainTextEdit>("programLines");
     const QRect line = lines->cursorRect();
     EXPECT_TRUE(lines->viewport()->rect().contains(line.center()));
