@@ -101,12 +101,16 @@ private:
     Step m_last;
 };
 
-Figures judgeMotions(const Setting& setting, Findings& findings) {
+// Hands all motions to `cuts`, too, unless it is null.
+Figures judgeMotions(const Setting& setting, Findings& findings, CutCollector* cuts) {
     MotionRules rules(setting, findings);
     StepWalk walk(setting);
     const std::size_t steps = setting.reading.motions.size();
     while (walk.next() && setting.goesOn(walk.step().index, steps)) {
         rules.step(walk.step());
+        if (cuts != nullptr) {
+            cuts->step(walk.step());
+        }
     }
     return rules.finish();
 }
@@ -131,6 +135,25 @@ CheckResult noProgramResult(std::string_view program, CheckResult result, const 
 constexpr double kReadingShare = 0.65;
 constexpr double kReadingShareWithDrawing = 0.1;
 
+Figures judgeWithDrawing(const Setting& setting, const Drawing& drawing, Findings& findings,
+                         CheckResult& result) {
+    result.drawingGiven = true;
+    result.shapes = drawing.shapes.size();
+    CutCollector collector(setting, Heights::BelowSurface);
+    const Figures figures = judgeMotions(setting, findings, &collector);
+    CutsToJudge cuts{collector.finish(), heightsFor(findings)};
+    if (cuts.heights == Heights::Any) {
+        setting.beginStage(0);
+        cuts.cuts = cutsOf(setting, Heights::Any);
+    }
+    checkDrawing(setting, drawing, cuts, findings, result);
+    if (findings.has(FindingKind::NoMotion)) {
+        // Nothing is cut, and that is told.
+        findings.drop(FindingKind::NotCut);
+    }
+    return figures;
+}
+
 void judge(const Setting& setting, const Drawing* drawing, Findings& findings,
            CheckResult& result) {
     findRejections(setting, findings);
@@ -139,16 +162,8 @@ void judge(const Setting& setting, const Drawing* drawing, Findings& findings,
     findLineNumbers(setting, findings);
     findNoMotion(setting, findings);
     result.surface = setting.surface;
-    result.figures = judgeMotions(setting, findings);
-    if (drawing != nullptr) {
-        result.drawingGiven = true;
-        result.shapes = drawing->shapes.size();
-        checkDrawing(setting, *drawing, heightsFor(findings), findings, result);
-        if (findings.has(FindingKind::NoMotion)) {
-            // Nothing is cut, and that is told.
-            findings.drop(FindingKind::NotCut);
-        }
-    }
+    result.figures = drawing != nullptr ? judgeWithDrawing(setting, *drawing, findings, result)
+                                        : judgeMotions(setting, findings, nullptr);
     if (findings.has(FindingKind::UnitsDiffer)) {
         // In another unit no depth is the one that was meant.
         findings.drop(FindingKind::CutTooDeep);

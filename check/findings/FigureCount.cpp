@@ -45,8 +45,9 @@ void include(Box& box, const Step& step) {
 }
 
 double straight(const Step& step) {
-    return std::hypot(std::hypot(step.to.x - step.from.x, step.to.y - step.from.y),
-                      step.to.z - step.from.z);
+    const double sideways = std::hypot(step.to.x - step.from.x, step.to.y - step.from.y);
+    const double up = step.to.z - step.from.z;
+    return up == 0 ? sideways : std::hypot(sideways, up);
 }
 
 double lengthOf(const Step& step) {

@@ -137,7 +137,8 @@ bool StepWalk::next() {
         m_step.lowest = m_step.to.z;
         return true;
     }
-    m_step.from = inUnit(frame, motion.from, unit);
+    // It begins where the one before ended.
+    m_step.from = followsOn(motion) ? m_step.to : inUnit(frame, motion.from, unit);
     m_step.to = inUnit(frame, motion.to, unit);
     if (motion.kind == MotionKind::Arc) {
         m_step.centre = inUnit(frame, motion.centre, unit);
@@ -146,6 +147,14 @@ bool StepWalk::next() {
     m_step.lowest = lowestOf(m_step);
     followHeight();
     return true;
+}
+
+bool StepWalk::followsOn(const Motion& motion) const {
+    if (m_step.index == 0) {
+        return false;
+    }
+    const Motion& before = m_setting.reading.motions[m_step.index - 1];
+    return isMove(before) && before.frame == motion.frame && before.to == motion.from;
 }
 
 // Where the machine's places lie above the work is set at the machine. The height is lost there

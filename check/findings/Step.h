@@ -66,6 +66,8 @@ public:
 private:
     void passFacts(std::uint32_t line);
     void followHeight();
+    // In the same system from where the move before ended.
+    bool followsOn(const Motion& motion) const;
 
     const Setting& m_setting;
     Step m_step;

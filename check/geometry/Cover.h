@@ -7,6 +7,7 @@
 #include "geometry/BoxTree.h"
 #include "geometry/DirectedTree.h"
 #include "geometry/Near.h"
+#include "geometry/Reach.h"
 
 namespace gcode_check {
 
@@ -18,9 +19,8 @@ public:
 
     // `curveAt(index)` gives the curve whose box has this index in the tree, and which has it in
     // `directed`, too.
-    template <typename CurveAt>
-    std::vector<Interval> gaps(const BoxTree& tree, const DirectedTree& directed,
-                               CurveAt&& curveAt) {
+    template <typename Tree, typename CurveAt>
+    std::vector<Interval> gaps(const Tree& tree, const DirectedTree& directed, CurveAt&& curveAt) {
         constexpr std::size_t kMany = 64;
         const bool isStraight = m_curve.kind == Curve::Kind::Segment;
         if (!look(tree, curveAt, isStraight ? kMany : tree.size())) {
@@ -48,25 +48,24 @@ private:
 
     // Adds what comes near until all is covered, first what runs along. False: there are more than
     // `many`.
-    template <typename CurveAt>
-    bool look(const BoxTree& tree, CurveAt& curveAt, std::size_t many) {
+    template <typename Tree, typename CurveAt>
+    bool look(const Tree& tree, CurveAt& curveAt, std::size_t many) {
         std::size_t seen = 0;
         bool done = false;
         m_crossing.clear();
         m_judgedAt = m_covered.size() + 8;
-        tree.each([&](const PlaneBox& box) { return mayReach(m_curve, box, m_reach); },
-                  [&](std::size_t index) {
-                      if (++seen > many) {
-                          return false;
-                      }
-                      const Curve& other = curveAt(index);
-                      if (mayRunAlong(m_curve, other, m_reach, kRoughly)) {
-                          done = addAndJudge(other);
-                      } else {
-                          m_crossing.push_back(index);
-                      }
-                      return !done;
-                  });
+        tree.each(Reach(m_curve, m_reach), [&](std::size_t index) {
+            if (++seen > many) {
+                return false;
+            }
+            const Curve& other = curveAt(index);
+            if (mayRunAlong(m_curve, other, m_reach, kRoughly)) {
+                done = addAndJudge(other);
+            } else {
+                m_crossing.push_back(index);
+            }
+            return !done;
+        });
         if (done || seen > many) {
             return done;
         }

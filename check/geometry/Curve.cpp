@@ -169,14 +169,11 @@ Curve curveOf(const Shape& shape) {
 }
 
 bool isFinite(const Curve& curve) {
-    // Beyond, squares of lengths leave the range of numbers.
-    const double bound = 1e100;
-    const auto within = [bound](double value) { return std::abs(value) <= bound; };
     if (curve.kind == Curve::Kind::Arc) {
-        return within(curve.centre.x) && within(curve.centre.y) && within(curve.radius) &&
-               within(curve.start) && within(curve.sweep);
+        return isFinite(curve.centre) && isFinite({curve.radius, 0}) &&
+               isFinite({curve.start, curve.sweep});
     }
-    return within(curve.a.x) && within(curve.a.y) && within(curve.b.x) && within(curve.b.y);
+    return isFinite(curve.a) && isFinite(curve.b);
 }
 
 double distance(const PlanePoint& a, const PlanePoint& b) {

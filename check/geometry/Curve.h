@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
@@ -40,6 +41,10 @@ Curve segmentCurve(const PlanePoint& a, const PlanePoint& b);
 Curve arcCurve(const PlanePoint& centre, double radius, double start, double sweep);
 Curve curveOf(const Shape& shape);
 
+// Whether it can be reckoned with: beyond, squares of lengths leave the range of numbers.
+inline bool isFinite(const PlanePoint& place) {
+    return std::abs(place.x) <= 1e100 && std::abs(place.y) <= 1e100;
+}
 bool isFinite(const Curve& curve);
 double lengthOf(const Curve& curve);
 PlanePoint pointAt(const Curve& curve, double t);

@@ -40,7 +40,7 @@ void DirectedTree::make() const {
         m_sectors[width] = std::max<std::int64_t>(1, static_cast<std::int64_t>(kPi / angle));
     }
     for (std::size_t index = 0; index < m_count; ++index) {
-        const Curve& curve = m_curveAt(index);
+        const Curve curve = m_curveAt(index);
         Group* group = &m_arcs;
         if (curve.kind == Curve::Kind::Segment) {
             const std::size_t width = widthFor(curve);

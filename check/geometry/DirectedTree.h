@@ -11,6 +11,7 @@
 
 #include "geometry/Along.h"
 #include "geometry/BoxTree.h"
+#include "geometry/Reach.h"
 
 namespace gcode_check {
 
@@ -18,7 +19,7 @@ namespace gcode_check {
 // first asked, so one thread at a time.
 class DirectedTree {
 public:
-    using CurveAt = std::function<const Curve&(std::size_t)>;
+    using CurveAt = std::function<Curve(std::size_t)>;
 
     // `curveAt` must last as long as this does.
     DirectedTree(std::size_t count, CurveAt curveAt, double reach, const AlongBounds& bounds)
@@ -31,7 +32,7 @@ public:
         if (!m_isMade) {
             make();
         }
-        const auto wanted = [&](const PlaneBox& box) { return mayReach(segment, box, m_reach); };
+        const Reach wanted(segment, m_reach);
         bool goesOn = true;
         const auto visitIn = [&](const Group& group) {
             group.tree.each(wanted, [&](std::size_t at) {

@@ -7,9 +7,15 @@
 namespace gcode_check {
 
 void unite(std::vector<Interval>& intervals) {
-    std::sort(intervals.begin(), intervals.end(), [](const Interval& a, const Interval& b) {
+    const auto before = [](const Interval& a, const Interval& b) {
         return a.from < b.from || (a.from == b.from && a.to < b.to);
-    });
+    };
+    // They often come in order, those of a full turn beginning anywhere in it.
+    std::rotate(intervals.begin(), std::is_sorted_until(intervals.begin(), intervals.end(), before),
+                intervals.end());
+    if (!std::is_sorted(intervals.begin(), intervals.end(), before)) {
+        std::sort(intervals.begin(), intervals.end(), before);
+    }
     std::size_t kept = 0;
     for (std::size_t next = 1; next < intervals.size(); ++next) {
         if (intervals[next].from <= intervals[kept].to) {

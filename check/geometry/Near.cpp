@@ -12,6 +12,10 @@ bool isFullTurn(const Curve& arc) {
     return arc.sweep >= 2 * kPi;
 }
 
+double cross(const PlanePoint& a, const PlanePoint& b) {
+    return a.x * b.y - a.y * b.x;
+}
+
 // Where a curve can enter or leave what is near another one: it crosses circles and lines there.
 class Crossings {
 public:
@@ -139,7 +143,7 @@ void crossArc(Crossings& crossings, const Curve& other, double reach) {
     }
 }
 
-void cross(Crossings& crossings, const Curve& other, double reach) {
+void crossAll(Crossings& crossings, const Curve& other, double reach) {
     switch (other.kind) {
         case Curve::Kind::Segment:
             return crossSegment(crossings, other, reach);
@@ -189,14 +193,26 @@ bool liesAside(const Curve& curve, const Curve& other, double reach) {
 
 // The segment lies outside of the circle or inside of it, beyond the reach.
 bool isClearOfCircle(const Curve& segment, const Curve& arc, double reach) {
-    const double first = distance(arc.centre, segment.a);
-    const double second = distance(arc.centre, segment.b);
-    const double slack = slackFor(first + second + arc.radius);
-    if (std::max(first, second) < arc.radius - reach - slack) {
+    const PlanePoint a{segment.a.x - arc.centre.x, segment.a.y - arc.centre.y};
+    const PlanePoint b{segment.b.x - arc.centre.x, segment.b.y - arc.centre.y};
+    const double slack =
+        slackFor(std::abs(a.x) + std::abs(a.y) + std::abs(b.x) + std::abs(b.y) + arc.radius);
+    const double squareA = a.x * a.x + a.y * a.y;
+    const double squareB = b.x * b.x + b.y * b.y;
+    const double inside = arc.radius - reach - slack;
+    if (inside > 0 && std::max(squareA, squareB) < inside * inside) {
         return true;
     }
     const double outside = arc.radius + reach + slack;
-    return std::min(first, second) > outside && distance(segment, arc.centre) > outside;
+    if (std::min(squareA, squareB) <= outside * outside) {
+        return false;
+    }
+    const double dx = segment.b.x - segment.a.x;
+    const double dy = segment.b.y - segment.a.y;
+    const double across = a.x * dy - a.y * dx;
+    // The line misses the circle, or the segment ends before it.
+    return across * across > outside * outside * (dx * dx + dy * dy) ||
+           distance(segment, arc.centre) > outside;
 }
 
 bool areCirclesClear(const Curve& a, const Curve& b, double reach) {
@@ -206,52 +222,41 @@ bool areCirclesClear(const Curve& a, const Curve& b, double reach) {
            apart + reach + slack < std::abs(a.radius - b.radius);
 }
 
-// Whether nothing of one is within reach of the other. Cheap; false too often, never true when
-// something is.
-bool areClear(const Curve& curve, const Curve& other, double reach) {
-    const bool isSegment = curve.kind == Curve::Kind::Segment;
-    switch (other.kind) {
-        case Curve::Kind::Segment:
-            return isSegment ? liesAside(curve, other, reach) || liesAside(other, curve, reach)
-                             : isClearOfCircle(other, curve, reach);
-        case Curve::Kind::Arc:
-            return isSegment ? isClearOfCircle(curve, other, reach)
-                             : areCirclesClear(curve, other, reach);
-        case Curve::Kind::Point:
-            break;
-    }
-    return false;
+CentredPlace seenFrom(const PlanePoint& centre, const PlanePoint& place) {
+    const PlanePoint out{place.x - centre.x, place.y - centre.y};
+    return {out, out.x * out.x + out.y * out.y};
 }
 
-// Whether a segment stays between two circles around the arc, and within the arc's ends.
-bool staysNearArc(const Curve& segment, const Curve& arc, double reach) {
-    const double dx = segment.b.x - segment.a.x;
-    const double dy = segment.b.y - segment.a.y;
-    const PlanePoint a{segment.a.x - arc.centre.x, segment.a.y - arc.centre.y};
-    const PlanePoint b{segment.b.x - arc.centre.x, segment.b.y - arc.centre.y};
-    const double most = arc.radius + reach;
-    const double least = arc.radius - reach;
-    const double squareA = a.x * a.x + a.y * a.y;
-    const double squareB = b.x * b.x + b.y * b.y;
-    if (!(least > 0) || squareA > most * most || squareB > most * most || squareA < least * least ||
-        squareB < least * least) {
+// Whether a segment with these ends stays between two circles.
+bool staysBetween(const Curve& segment, const CentredPlace& a, const CentredPlace& b, double least,
+                  double most) {
+    if (!(least > 0) || a.square > most * most || b.square > most * most ||
+        a.square < least * least || b.square < least * least) {
         return false;
     }
+    const double dx = segment.b.x - segment.a.x;
+    const double dy = segment.b.y - segment.a.y;
     const double square = dx * dx + dy * dy;
-    const double foot = -(a.x * dx + a.y * dy);
+    const double foot = -(a.out.x * dx + a.out.y * dy);
     if (foot > 0 && foot < square) {
-        const double across = a.x * dy - a.y * dx;
-        if (across * across < least * least * square) {
-            return false;
-        }
+        const double across = a.out.x * dy - a.out.y * dx;
+        return across * across >= least * least * square;
     }
-    if (isFullTurn(arc)) {
-        return true;
-    }
-    const double from = parameterOf(arc, segment.a);
-    const double to = parameterOf(arc, segment.b);
-    // Otherwise it goes the other way round, through the arc's opening.
-    return from >= 0 && from <= 1 && to >= 0 && to <= 1 && std::abs(to - from) * arc.sweep < kPi;
+    return true;
+}
+
+// Whether such a segment, whose ends are seen at these parameters, stays within the arc's ends.
+// Otherwise it goes the other way round, through the arc's opening.
+bool staysWithinEnds(const Curve& arc, double from, double to) {
+    return isFullTurn(arc) ||
+           (from >= 0 && from <= 1 && to >= 0 && to <= 1 && std::abs(to - from) * arc.sweep < kPi);
+}
+
+bool staysNearArc(const Curve& segment, const Curve& arc, double reach) {
+    return staysBetween(segment, seenFrom(arc.centre, segment.a), seenFrom(arc.centre, segment.b),
+                        arc.radius - reach, arc.radius + reach) &&
+           (isFullTurn(arc) ||
+            staysWithinEnds(arc, parameterOf(arc, segment.a), parameterOf(arc, segment.b)));
 }
 
 // What is within reach of a segment or point is convex: a segment with both ends in it lies in it.
@@ -265,45 +270,128 @@ bool whollyNear(const Curve& curve, const Curve& other, double reach, Ends ends)
     return isNear(other, curve.a, reach, ends) && isNear(other, curve.b, reach, ends);
 }
 
-// The angle at the arc's centre by which what lies square beside the end of a segment may be off
-// the end itself. Below 0: it can't be told easily.
-double slackAt(const Curve& arc, const PlanePoint& end, const PlanePoint& along) {
-    const PlanePoint out{end.x - arc.centre.x, end.y - arc.centre.y};
-    const double radius = std::sqrt(out.x * out.x + out.y * out.y);
-    const double sine = std::abs(out.x * along.x + out.y * along.y) / radius;
-    const double off = std::abs(radius - arc.radius);
-    if (sine > 0.5 || off > 0.1 * arc.radius) {
-        return -1;
-    }
-    return 1.5 * off * sine / arc.radius + 1e-9;
-}
-
 }  // namespace
 
-std::optional<Beside> besideSegment(const Curve& arc, const Curve& segment, double reach) {
-    if (segment.kind != Curve::Kind::Segment || arc.kind != Curve::Kind::Arc ||
-        !staysNearArc(segment, arc, reach)) {
-        return std::nullopt;
+ChordsOfArc::ChordsOfArc(const Curve& arc, double reach, std::vector<Interval>& parts)
+    : m_arc(arc),
+      m_reach(reach),
+      m_isFullTurn(isFullTurn(arc)),
+      m_begin{std::cos(arc.start), std::sin(arc.start)},
+      m_leanPerOff(1.5 / (arc.radius * arc.sweep)),
+      m_parts(parts) {
+    m_parts.clear();
+}
+
+ChordsOfArc::End ChordsOfArc::endAt(const PlanePoint& place, const CentredPlace& seen) const {
+    End end;
+    end.place = place;
+    end.seen = seen;
+    end.radius = std::sqrt(seen.square);
+    end.lean = std::abs(end.radius - m_arc.radius) / end.radius * m_leanPerOff;
+    end.isBefore = cross(m_begin, seen.out) < 0;
+    return end;
+}
+
+// By how much, as parameter of the arc, what lies square beside the end of a segment may be off the
+// end itself. Below 0: it can't be told easily.
+double ChordsOfArc::slackAt(const End& end, const PlanePoint& along) const {
+    const double across = std::abs(end.seen.out.x * along.x + end.seen.out.y * along.y);
+    const double off = std::abs(end.radius - m_arc.radius);
+    if (across > 0.5 * end.radius || off > 0.1 * m_arc.radius) {
+        return -1;
     }
+    return across * end.lean + 1e-9 / m_arc.sweep;
+}
+
+bool ChordsOfArc::add(const Curve& segment) {
+    if (segment.kind != Curve::Kind::Segment) {
+        return false;
+    }
+    const PlanePoint& from = m_row.last.place;
+    const bool goesOn = m_row.isOpen && from.x == segment.a.x && from.y == segment.a.y;
+    const CentredPlace seenA = goesOn ? m_row.last.seen : seenFrom(m_arc.centre, segment.a);
+    const CentredPlace seenB = seenFrom(m_arc.centre, segment.b);
+    if (!staysBetween(segment, seenA, seenB, m_arc.radius - m_reach, m_arc.radius + m_reach)) {
+        return false;
+    }
+    const End first = goesOn ? m_row.last : endAt(segment.a, seenA);
+    const End last = endAt(segment.b, seenB);
     const PlanePoint along = directionAt(segment, 0);
-    const double before = slackAt(arc, segment.a, along);
-    const double behind = slackAt(arc, segment.b, along);
+    const double before = slackAt(first, along);
+    const double behind = slackAt(last, along);
     if (before < 0 || behind < 0) {
-        return std::nullopt;
+        return false;
     }
-    Beside beside;
-    beside.slack = std::max(before, behind) / arc.sweep;
-    const double a = std::clamp(parameterOf(arc, segment.a), 0.0, 1.0);
-    const double b = std::clamp(parameterOf(arc, segment.b), 0.0, 1.0);
-    if (std::abs(a - b) * arc.sweep < kPi) {
-        beside.parts[0] = {std::min(a, b), std::max(a, b)};
-        beside.count = 1;
-    } else {
-        // Over the begin of a full turn.
-        beside.parts = {Interval{0, std::min(a, b)}, Interval{std::max(a, b), 1}};
-        beside.count = 2;
+    const bool isReversed = cross(seenA.out, seenB.out) < 0;
+    if (!goesOn || isReversed != m_row.isReversed) {
+        close();
+        m_row = {true, isReversed, 0, first, last};
     }
-    return beside;
+    m_row.last = last;
+    // It turns by less than half a turn.
+    const bool passes =
+        isReversed ? !first.isBefore && last.isBefore : first.isBefore && !last.isBefore;
+    m_row.passes += passes ? 1 : 0;
+    if (!m_isFullTurn && !close()) {
+        return false;
+    }
+    m_slack += 2 * std::max(before, behind);
+    return true;
+}
+
+// Rounding may put what lies where a full turn begins to its other end.
+double ChordsOfArc::parameterAt(const End& end) const {
+    const double t = parameterOf(m_arc, end.place);
+    if (m_isFullTurn && end.isBefore != (t > 0.5) && std::abs(t - 0.5) > 0.25) {
+        return end.isBefore ? 1 : 0;
+    }
+    return t;
+}
+
+// False: it leaves the arc's ends.
+bool ChordsOfArc::close() {
+    if (!m_row.isOpen) {
+        return true;
+    }
+    m_row.isOpen = false;
+    double from = parameterAt(m_row.first);
+    double to = parameterAt(m_row.last);
+    if (m_row.isReversed) {
+        std::swap(from, to);
+    }
+    if (!m_isFullTurn) {
+        if (staysWithinEnds(m_arc, from, to)) {
+            m_parts.push_back({std::min(from, to), std::max(from, to)});
+            return true;
+        }
+        return false;
+    }
+    if (m_row.passes == 0) {
+        m_parts.push_back({from, to});
+        return true;
+    }
+    m_parts.push_back({from, 1});
+    m_parts.insert(m_parts.end(), static_cast<std::size_t>(m_row.passes - 1), Interval{0, 1});
+    m_parts.push_back({0, to});
+    return true;
+}
+
+bool areClear(const Curve& curve, const Curve& other, double reach) {
+    if (curve.kind == Curve::Kind::Point) {
+        return false;
+    }
+    const bool isSegment = curve.kind == Curve::Kind::Segment;
+    switch (other.kind) {
+        case Curve::Kind::Segment:
+            return isSegment ? liesAside(curve, other, reach) || liesAside(other, curve, reach)
+                             : isClearOfCircle(other, curve, reach);
+        case Curve::Kind::Arc:
+            return isSegment ? isClearOfCircle(curve, other, reach)
+                             : areCirclesClear(curve, other, reach);
+        case Curve::Kind::Point:
+            break;
+    }
+    return false;
 }
 
 void appendNear(const Curve& curve, const Curve& other, double reach, Ends ends,
@@ -322,7 +410,7 @@ void appendNear(const Curve& curve, const Curve& other, double reach, Ends ends,
         return;
     }
     Crossings crossings(curve);
-    cross(crossings, other, reach);
+    crossAll(crossings, other, reach);
     const double* const end = crossings.end();
     bool joined = false;
     for (const double* at = crossings.begin(); at + 1 < end; ++at) {

@@ -12,7 +12,7 @@ bool isTouched(const DrawingSetting& scene, const Curve& curve) {
     const double reach = scene.setting.tolerance;
     scene.cutTree.each([&](const PlaneBox& box) { return mayReach(curve, box, reach); },
                        [&](std::size_t cut) {
-                           touched = distance(scene.cuts.cuts[cut].curve, curve.a) <= reach;
+                           touched = distance(scene.cuts.curveAt(cut), curve.a) <= reach;
                            return !touched;
                        });
     return touched;
@@ -59,6 +59,21 @@ void reportUnusable(const DrawingSetting& scene, std::size_t index, Findings& fi
     }
 }
 
+template <typename Tree>
+std::vector<Interval> uncutPartsIn(const DrawingSetting& scene, const Target& target,
+                                   const Tree& cuts) {
+    if (target.hole && isDrilled(scene, *target.hole)) {
+        return {};
+    }
+    const Curve& curve = target.curve;
+    if (curve.kind == Curve::Kind::Point) {
+        return isTouched(scene, curve) ? std::vector<Interval>{} : std::vector<Interval>{{0, 1}};
+    }
+    return Cover(curve, scene.setting.tolerance)
+        .gaps(cuts, scene.directedCuts,
+              [&scene](std::size_t cut) { return scene.cuts.curveAt(cut); });
+}
+
 }  // namespace
 
 bool isDrilled(const DrawingSetting& scene, const PlanePoint& place) {
@@ -74,42 +89,28 @@ bool isDrilled(const DrawingSetting& scene, const PlanePoint& place) {
 }
 
 std::vector<Interval> uncutParts(const DrawingSetting& scene, const Target& target) {
-    if (target.hole && isDrilled(scene, *target.hole)) {
-        return {};
-    }
-    const Curve& curve = target.curve;
-    if (curve.kind == Curve::Kind::Point) {
-        return isTouched(scene, curve) ? std::vector<Interval>{} : std::vector<Interval>{{0, 1}};
-    }
-    const std::vector<Cut>& cuts = scene.cuts.cuts;
-    return Cover(curve, scene.setting.tolerance)
-        .gaps(scene.cutTree, scene.directedCuts,
-              [&cuts](std::size_t cut) -> const Curve& { return cuts[cut].curve; });
+    return uncutPartsIn(scene, target, scene.cutTree);
 }
 
-std::size_t findUncut(const DrawingSetting& scene, const KnownObjects& known, Findings& findings) {
-    std::size_t cut = 0;
-    const std::vector<Target>& targets = scene.shapes.targets();
-    const std::size_t count = targets.size();
-    for (std::size_t index = 0; index < count && scene.setting.goesOn(index, count); ++index) {
-        if (!targets[index].usable) {
-            reportUnusable(scene, index, findings);
-            continue;
-        }
-        if (known.followed[index]) {
-            ++cut;
-            continue;
-        }
-        const std::vector<Interval> gaps = uncutParts(scene, targets[index]);
-        if (gaps.empty()) {
-            ++cut;
-        } else if (!known.explained[index]) {
-            for (const Interval& gap : gaps) {
-                report(scene, index, gap, findings);
-            }
+void CoverageRule::judge(std::size_t index, const NearCuts& near, bool isFollowed) {
+    const Target& target = m_scene.shapes.targets()[index];
+    if (!target.usable) {
+        reportUnusable(m_scene, index, m_findings);
+        return;
+    }
+    if (isFollowed) {
+        ++m_cut;
+        return;
+    }
+    const std::vector<Interval> gaps =
+        near.areAll() ? uncutPartsIn(m_scene, target, near) : uncutParts(m_scene, target);
+    if (gaps.empty()) {
+        ++m_cut;
+    } else if (!m_explained[index]) {
+        for (const Interval& gap : gaps) {
+            report(m_scene, index, gap, m_findings);
         }
     }
-    return cut;
 }
 
 }  // namespace gcode_check

@@ -17,9 +17,11 @@ PlanePoint flat(const Point& place) {
     return {place.x, place.y};
 }
 
-class Collector {
+}  // namespace
+
+class CutCollector::Work {
 public:
-    Collector(const Setting& setting, Heights heights) : m_setting(setting), m_heights(heights) {
+    Work(const Setting& setting, Heights heights) : m_setting(setting), m_heights(heights) {
         // Growing would copy all of them, and the pages that are not needed are never touched.
         m_list.cuts.reserve(std::min(setting.reading.motions.size(), kMostReserved));
     }
@@ -29,7 +31,20 @@ public:
         if (!asDone.isMove() || (asDone.motion->contour == kRoundCorner && !asDone.isRapid())) {
             return;
         }
-        const Step step = asDone.motion->contour >= 0 ? programmedOf(m_setting, asDone) : asDone;
+        if (asDone.motion->contour >= 0) {
+            programmed(programmedOf(m_setting, asDone));
+        } else {
+            programmed(asDone);
+        }
+    }
+
+    CutList finish() {
+        endVisit();
+        return std::move(m_list);
+    }
+
+private:
+    void programmed(const Step& step) {
         m_isOut = m_isOut || step.to.z >= m_setting.surface - kSame;
         const Stroke stroke = step.motion->stroke;
         // A cycle is at its next hole then, be it the same place.
@@ -50,12 +65,6 @@ public:
         }
     }
 
-    CutList finish() {
-        endVisit();
-        return std::move(m_list);
-    }
-
-private:
     // A visit is what happens between two travels.
     void endVisit() {
         if (m_hasHole && !m_hasCut) {
@@ -67,7 +76,7 @@ private:
 
     void plunge(const Step& step) {
         const bool below = step.to.z < m_setting.surface - kSame;
-        if ((!below && !m_anyHeight) || !isFinite(pointCurve(flat(step.to)))) {
+        if ((!below && !m_anyHeight) || !isFinite(flat(step.to))) {
             return;
         }
         const bool isOfCycle = step.motion->cycle != 0;
@@ -103,16 +112,29 @@ private:
         return true;
     }
 
-    void add(const Step& step, const Curve& curve, bool reversed, double startZ, double endZ) {
-        if (curve.kind == Curve::Kind::Point || !isFinite(curve)) {
+    void addSegment(const Step& step, const Point& from, const Point& to) {
+        const PlanePoint a = flat(from);
+        const PlanePoint b = flat(to);
+        if (!isFinite(a) || !isFinite(b) || (a.x == b.x && a.y == b.y)) {
             return;
         }
         m_hasCut = true;
-        if (reversed) {
-            std::swap(startZ, endZ);
-        }
         m_list.cuts.push_back(
-            {curve, reversed, startZ, endZ, static_cast<std::uint32_t>(step.index), step.line()});
+            {a, b, from.z, to.z, static_cast<std::uint32_t>(step.index), Cut::kStraight});
+    }
+
+    void addArc(const Step& step, const CutArc& arc, double fromZ, double toZ) {
+        if (arc.curve.kind == Curve::Kind::Point || !isFinite(arc.curve)) {
+            return;
+        }
+        m_hasCut = true;
+        m_list.cuts.push_back({{},
+                               {},
+                               arc.reversed ? toZ : fromZ,
+                               arc.reversed ? fromZ : toZ,
+                               static_cast<std::uint32_t>(step.index),
+                               static_cast<std::uint32_t>(m_list.arcs.size())});
+        m_list.arcs.push_back(arc);
     }
 
     void segment(const Step& step, const Point& from, const Point& to) {
@@ -129,7 +151,7 @@ private:
         };
         const Point first = begin == 0 ? from : at(begin);
         const Point last = end == 1 ? to : at(end);
-        add(step, segmentCurve(flat(first), flat(last)), false, first.z, last.z);
+        addSegment(step, first, last);
     }
 
     void arc(const Step& step) {
@@ -214,10 +236,10 @@ private:
         const double first = from + (to - from) * begin;
         const double last = from + (to - from) * end;
         const double radius = span.radius + (span.endRadius - span.radius) * (first + last) / 2;
-        add(step,
-            arcCurve(flat(step.centre), radius, span.start + span.sweep * first,
-                     span.sweep * (last - first)),
-            span.sweep < 0, step.from.z + rise * first, step.from.z + rise * last);
+        const Curve curve = arcCurve(flat(step.centre), radius, span.start + span.sweep * first,
+                                     span.sweep * (last - first));
+        addArc(step, {curve, span.sweep < 0}, step.from.z + rise * first,
+               step.from.z + rise * last);
     }
 
     const Setting& m_setting;
@@ -230,10 +252,21 @@ private:
     bool m_anyHeight = false;
 };
 
-}  // namespace
+CutCollector::CutCollector(const Setting& setting, Heights heights)
+    : m_work(std::make_unique<Work>(setting, heights)) {}
+
+CutCollector::~CutCollector() = default;
+
+void CutCollector::step(const Step& step) {
+    m_work->step(step);
+}
+
+CutList CutCollector::finish() {
+    return m_work->finish();
+}
 
 CutList cutsOf(const Setting& setting, Heights heights) {
-    Collector collector(setting, heights);
+    CutCollector collector(setting, heights);
     StepWalk walk(setting);
     const std::size_t steps = setting.reading.motions.size();
     while (walk.next() && setting.goesOn(walk.step().index, steps)) {

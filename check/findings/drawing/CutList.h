@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
+#include <memory>
 #include <vector>
 
 #include "findings/Step.h"
@@ -11,13 +13,20 @@
 namespace gcode_check {
 
 // One stretch at feed in the material, seen from above. Program coordinates and unit.
+// There are very many, nearly all of them straight.
 struct Cut {
+    static constexpr std::uint32_t kStraight = std::numeric_limits<std::uint32_t>::max();
+    PlanePoint a;  // ends of a straight one
+    PlanePoint b;
+    double startZ = 0;  // where the curve begins
+    double endZ = 0;
+    std::uint32_t motion = 0;       // of Reading::motions
+    std::uint32_t arc = kStraight;  // else of CutList::arcs
+};
+
+struct CutArc {
     Curve curve;
     bool reversed = false;  // the tool runs against the curve's parameter
-    double startZ = 0;      // where the curve begins
-    double endZ = 0;
-    std::uint32_t motion = 0;  // of Reading::motions
-    std::uint32_t line = 0;
 };
 
 // Straight down and out again.
@@ -32,7 +41,24 @@ struct Hole {
 // All that a program cuts, in its order.
 struct CutList {
     std::vector<Cut> cuts;
+    std::vector<CutArc> arcs;
     std::vector<Hole> holes;
+
+    // Never a point.
+    Curve curveOf(const Cut& cut) const {
+        if (cut.arc != Cut::kStraight) {
+            return arcs[cut.arc].curve;
+        }
+        Curve curve;
+        curve.kind = Curve::Kind::Segment;
+        curve.a = cut.a;
+        curve.b = cut.b;
+        return curve;
+    }
+    Curve curveAt(std::size_t index) const { return curveOf(cuts[index]); }
+    bool isReversed(const Cut& cut) const {
+        return cut.arc != Cut::kStraight && arcs[cut.arc].reversed;
+    }
 };
 
 enum class Heights : std::uint8_t {
@@ -40,7 +66,24 @@ enum class Heights : std::uint8_t {
     Any,           // what feeds cuts: the heights are known to be wrong
 };
 
-// What lies on infinite or unusable places is left out.
+// Gathers cuts from one step after the other. What lies on infinite or unusable places is left out.
+class CutCollector {
+public:
+    CutCollector(const Setting& setting, Heights heights);
+    CutCollector(const CutCollector&) = delete;
+    CutCollector& operator=(const CutCollector&) = delete;
+    ~CutCollector();
+
+    void step(const Step& step);
+    // Leaves nothing here.
+    CutList finish();
+
+private:
+    class Work;
+    std::unique_ptr<Work> m_work;
+};
+
+// Those of all steps.
 CutList cutsOf(const Setting& setting, Heights heights);
 
 }  // namespace gcode_check

@@ -52,16 +52,16 @@ double cross(const PlanePoint& a, const PlanePoint& b) {
 }
 
 // The cut's direction beside a place of the object.
-PlanePoint directionBeside(const Cut& cut, const PlanePoint& place) {
-    return directionAt(cut.curve, std::clamp(parameterOf(cut.curve, place), 0.0, 1.0));
+PlanePoint directionBeside(const Curve& cut, const PlanePoint& place) {
+    return directionAt(cut, std::clamp(parameterOf(cut, place), 0.0, 1.0));
 }
 
-bool isParallel(const Curve& object, const Cut& cut, double t) {
+bool isParallel(const Curve& object, const Curve& cut, double t) {
     const PlanePoint along = directionBeside(cut, pointAt(object, t));
     return std::abs(cross(directionAt(object, t), along)) <= kRunsAlong.parallel;
 }
 
-bool runsAlong(const Curve& object, const Cut& cut, const Interval& part) {
+bool runsAlong(const Curve& object, const Curve& cut, const Interval& part) {
     if (isParallel(object, cut, part.from) && isParallel(object, cut, part.to)) {
         return true;
     }
@@ -70,41 +70,40 @@ bool runsAlong(const Curve& object, const Cut& cut, const Interval& part) {
     const PlanePoint own = directionAt(object, middle);
     const double sine = std::abs(cross(own, along));
     const double length = lengthOf(object) * (part.to - part.from);
-    return sine <= kRunsAlong.rough && length >= kRunsAlong.part * lengthOf(cut.curve);
+    return sine <= kRunsAlong.rough && length >= kRunsAlong.part * lengthOf(cut);
 }
 
-double heightBeside(const Cut& cut, const PlanePoint& place) {
-    const double t = std::clamp(parameterOf(cut.curve, place), 0.0, 1.0);
-    return cut.startZ + (cut.endZ - cut.startZ) * t;
-}
+}  // namespace
 
-class CutTwice {
+class CutTwiceRule::Work {
 public:
-    CutTwice(const DrawingSetting& scene, std::vector<bool>& followed, Findings& findings)
-        : m_scene(scene), m_followed(followed), m_findings(findings) {}
+    Work(const DrawingSetting& scene, Findings& findings) : m_scene(scene), m_findings(findings) {}
 
-    void judge(std::size_t index) {
+    bool judge(std::size_t index, NearCuts& near) {
         const Target& target = m_scene.shapes.targets()[index];
         if (target.hole) {
             judgeHoles(index, *target.hole);
         }
+        m_isFollowed = false;
         if (target.curve.kind != Curve::Kind::Point) {
-            judgeCurve(index, target.curve);
+            judgeCurve(index, target.curve, near);
         }
+        return m_isFollowed;
     }
 
 private:
-    void judgeCurve(std::size_t index, const Curve& curve) {
+    void judgeCurve(std::size_t index, const Curve& curve, NearCuts& near) {
         // Copies of an object that lies in a crowd are judged once.
         const auto known = m_crowded.find(keyOf(curve));
         if (known != m_crowded.end()) {
             reportCurve(index, curve, known->second);
             return;
         }
-        if (curve.kind == Curve::Kind::Arc && isFollowedOnce(index, curve)) {
+        if (curve.kind == Curve::Kind::Arc && isFollowedOnce(curve, near)) {
             return;
         }
-        collect(curve);
+        near.find(curve);
+        collect(curve, near);
         if (m_overlaps.size() < 2) {
             return;
         }
@@ -121,27 +120,22 @@ private:
 
     // Whether what the arc is cut by is chords that can't lie upon each other for long enough:
     // together they are hardly longer than what they cover.
-    bool isFollowedOnce(std::size_t target, const Curve& curve) {
+    bool isFollowedOnce(const Curve& curve, NearCuts& near) {
+        constexpr std::size_t kManyOthers = 64;
         const double reach = m_scene.setting.tolerance;
-        bool isPlain = true;
-        double together = 0;
-        m_parts.clear();
-        m_scene.cutTree.each(
-            [&](const PlaneBox& box) { return mayReach(curve, box, reach); },
-            [&](std::size_t index) {
-                const auto beside = besideSegment(curve, m_scene.cuts.cuts[index].curve, reach);
-                isPlain = isPlain && beside.has_value();
-                for (std::size_t part = 0; beside && part < beside->count; ++part) {
-                    m_parts.push_back(beside->parts[part]);
-                    together += 2 * beside->slack;
-                }
-                return m_scene.setting.isWanted();
-            });
-        together += widthOf(m_parts);
+        ChordsOfArc chords(curve, reach, m_parts);
+        std::size_t others = 0;
+        near.eachAround(curve, [&](std::size_t index) {
+            const Curve cut = m_scene.cuts.curveAt(index);
+            others += chords.add(cut) || areClear(curve, cut, reach) ? 0U : 1U;
+            return others < kManyOthers && m_scene.setting.isWanted();
+        });
+        chords.finish();
+        const double together = widthOf(m_parts) + chords.slack();
         const double length = lengthOf(curve);
-        m_followed[target] = Cover::isWhole(curve, m_parts);
+        m_isFollowed = Cover::isWhole(curve, m_parts);
         // Joined across hairs, what is twice is at most a fifth longer.
-        return isPlain && (together - widthOf(m_parts)) * length * 1.2 < leastFor(length);
+        return others == 0 && (together - widthOf(m_parts)) * length * 1.2 < leastFor(length);
     }
 
     double leastFor(double length) const {
@@ -170,10 +164,15 @@ private:
         return twice;
     }
 
-    void collect(const Curve& curve) {
+    void collect(const Curve& curve, const NearCuts& near) {
         m_overlaps.clear();
-        if (!collectAll(curve)) {
-            m_overlaps.clear();
+        if (near.areAll()) {
+            near.each([&](std::size_t index) {
+                addOverlaps(curve, index);
+                return m_scene.setting.isWanted();
+            });
+        } else {
+            // So many cross the segment that those which run along are to be looked for.
             m_scene.directedCuts.each(curve, [&](std::size_t index) {
                 addOverlaps(curve, index);
                 return m_scene.setting.isWanted();
@@ -184,29 +183,14 @@ private:
         });
     }
 
-    // False: so many cross the segment that those which run along are to be looked for.
-    bool collectAll(const Curve& curve) {
-        constexpr std::size_t kMany = 256;
-        const double reach = m_scene.setting.tolerance;
-        const bool isStraight = curve.kind == Curve::Kind::Segment;
-        std::size_t seen = 0;
-        m_scene.cutTree.each([&](const PlaneBox& box) { return mayReach(curve, box, reach); },
-                             [&](std::size_t index) {
-                                 addOverlaps(curve, index);
-                                 ++seen;
-                                 return (seen <= kMany || !isStraight) &&
-                                        m_scene.setting.isWanted();
-                             });
-        return seen <= kMany || !isStraight;
-    }
-
     void addOverlaps(const Curve& curve, std::size_t index) {
-        const Cut& cut = m_scene.cuts.cuts[index];
-        if (!mayRunAlong(curve, cut.curve, m_scene.setting.tolerance, kRunsAlong)) {
+        const Curve cut = m_scene.cuts.curveAt(index);
+        const double reach = m_scene.setting.tolerance;
+        if (!mayRunAlong(curve, cut, reach, kRunsAlong)) {
             return;
         }
         m_parts.clear();
-        appendNear(curve, cut.curve, m_scene.setting.tolerance, Ends::Square, m_parts);
+        appendNear(curve, cut, reach, Ends::Square, m_parts);
         for (const Interval& part : m_parts) {
             if (part.to > part.from && runsAlong(curve, cut, part)) {
                 m_overlaps.push_back({part, index});
@@ -271,14 +255,20 @@ private:
             return;
         }
         const Interval part{std::max(a.part.from, b.part.from), std::min(a.part.to, b.part.to)};
-        const Cut& first = m_scene.cuts.cuts[std::min(a.cut, b.cut)];
-        const Cut& second = m_scene.cuts.cuts[std::max(a.cut, b.cut)];
+        const std::size_t first = std::min(a.cut, b.cut);
+        const std::size_t second = std::max(a.cut, b.cut);
         const PlanePoint middle = pointAt(curve, (part.from + part.to) / 2);
         const bool deeper = heightBeside(second, middle) < heightBeside(first, middle) - kSame;
         if (deeper && !m_scene.anyHeight) {
             return;
         }
-        m_pairs.push_back({part, std::min(a.cut, b.cut), std::max(a.cut, b.cut)});
+        m_pairs.push_back({part, first, second});
+    }
+
+    double heightBeside(std::size_t index, const PlanePoint& place) const {
+        const Cut& cut = m_scene.cuts.cuts[index];
+        const double t = std::clamp(parameterOf(m_scene.cuts.curveOf(cut), place), 0.0, 1.0);
+        return cut.startZ + (cut.endZ - cut.startZ) * t;
     }
 
     // The pair that comes first of those that make up the part; where lines join, their neighbours
@@ -308,7 +298,7 @@ private:
         const Cut& first = m_scene.cuts.cuts[pair.first];
         const Cut& second = m_scene.cuts.cuts[pair.second];
         Finding* const finding =
-            m_findings.add(FindingKind::CutTwice, Severity::Warning, second.line);
+            m_findings.add(FindingKind::CutTwice, Severity::Warning, m_scene.lineOf(second));
         if (finding == nullptr) {
             return;
         }
@@ -319,9 +309,9 @@ private:
         const PlanePoint to = pointAt(curve, parts.front().to);
         const std::string name = nameOf(m_scene.drawing.shapes[index], index);
         finding->sentence = "The tool cuts " + name + " twice, here and in line " +
-                            std::to_string(first.line) + " already: " + words.length(twice) +
-                            " of " + words.length(length) + ", from " + words.place(from) + " to " +
-                            words.place(to) + ".";
+                            std::to_string(m_scene.lineOf(first)) +
+                            " already: " + words.length(twice) + " of " + words.length(length) +
+                            ", from " + words.place(from) + " to " + words.place(to) + ".";
         finding->numbers = {{"twice", twice}, {"length", length}};
         const double z = m_scene.setting.surface;
         Place place = placeOf(m_scene.setting, {from.x, from.y, z}, {to.x, to.y, z});
@@ -374,26 +364,22 @@ private:
     }
 
     const DrawingSetting& m_scene;
-    std::vector<bool>& m_followed;
     Findings& m_findings;
     std::map<CurveKey, Twice> m_crowded;
     std::vector<Overlap> m_overlaps;
     std::vector<Overlap> m_active;
     std::vector<Interval> m_parts;
     std::vector<Pair> m_pairs;
+    bool m_isFollowed = false;  // what is judged
 };
 
-}  // namespace
+CutTwiceRule::CutTwiceRule(const DrawingSetting& scene, Findings& findings)
+    : m_work(std::make_unique<Work>(scene, findings)) {}
 
-void findCutTwice(const DrawingSetting& scene, std::vector<bool>& followed, Findings& findings) {
-    CutTwice rule(scene, followed, findings);
-    const std::vector<Target>& targets = scene.shapes.targets();
-    const std::size_t count = targets.size();
-    for (std::size_t index = 0; index < count && scene.setting.goesOn(index, count); ++index) {
-        if (targets[index].usable) {
-            rule.judge(index);
-        }
-    }
+CutTwiceRule::~CutTwiceRule() = default;
+
+bool CutTwiceRule::judge(std::size_t index, NearCuts& near) {
+    return m_work->judge(index, near);
 }
 
 }  // namespace gcode_check

@@ -2,13 +2,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "findings/drawing/DrawingCheck.h"
+#include <memory>
+
+#include "findings/drawing/NearCuts.h"
 
 namespace gcode_check {
 
 // Objects, or parts of them, that the tool runs along a second time without going deeper, and
 // places that are drilled again. Crossings and corners do not count.
-// Marks arcs in `followed` that were seen to be cut all along on the way.
-void findCutTwice(const DrawingSetting& scene, std::vector<bool>& followed, Findings& findings);
+class CutTwiceRule {
+public:
+    CutTwiceRule(const DrawingSetting& scene, Findings& findings);
+    CutTwiceRule(const CutTwiceRule&) = delete;
+    CutTwiceRule& operator=(const CutTwiceRule&) = delete;
+    ~CutTwiceRule();
+
+    // Finds the cuts near a target where it needs them. Whether the target was seen on the way to
+    // be cut all along; often not, though it is.
+    bool judge(std::size_t index, NearCuts& near);
+
+private:
+    class Work;
+    std::unique_ptr<Work> m_work;
+};
 
 }  // namespace gcode_check

@@ -12,20 +12,9 @@ namespace gcode_check {
 namespace {
 
 // How the time of a check is spent, roughly; reading and the rules without a drawing come before.
-constexpr double kCutsShare = 0.1;
-constexpr double kOffDrawingShare = 0.3;
+constexpr double kOffDrawingShare = 0.4;
 constexpr double kOffCentreShare = 0.05;
-constexpr double kTwiceShare = 0.25;
-constexpr double kUncutShare = 0.1;
-
-BoxTree treeOf(const std::vector<Cut>& cuts) {
-    std::vector<PlaneBox> boxes;
-    boxes.reserve(cuts.size());
-    for (const Cut& cut : cuts) {
-        boxes.push_back(boxOf(cut.curve));
-    }
-    return BoxTree(boxes);
-}
+constexpr double kObjectsShare = 0.35;
 
 BoxTree treeOf(const std::vector<Hole>& holes) {
     std::vector<PlaneBox> boxes;
@@ -36,35 +25,46 @@ BoxTree treeOf(const std::vector<Hole>& holes) {
     return BoxTree(boxes);
 }
 
+// One object after the other.
+void judgeObjects(const DrawingSetting& scene, const std::vector<bool>& explained,
+                  Findings& findings, CheckResult& result) {
+    CutTwiceRule twice(scene, findings);
+    CoverageRule coverage(scene, explained, findings);
+    // What is missing in a program that stops early is the stop's fault.
+    result.coverageJudged = !scene.setting.moreBehind;
+    NearCuts near(scene);
+    const std::vector<Target>& targets = scene.shapes.targets();
+    const std::size_t count = targets.size();
+    for (std::size_t index = 0; index < count && scene.setting.goesOn(index, count); ++index) {
+        near.forget();
+        const bool isFollowed = targets[index].usable && twice.judge(index, near);
+        if (result.coverageJudged) {
+            coverage.judge(index, near, isFollowed);
+        }
+    }
+    // What the tool follows above the surface is not cut.
+    result.shapesCut = findings.has(FindingKind::DepthZero) ? 0 : coverage.cut();
+}
+
 void applyRules(const DrawingSetting& scene, Findings& findings, CheckResult& result) {
     std::vector<bool> explained(scene.drawing.shapes.size(), false);
     scene.setting.beginStage(kOffDrawingShare);
     findOffDrawing(scene, findings);
     scene.setting.beginStage(kOffCentreShare);
     findOffCentre(scene, explained, findings);
-    std::vector<bool> followed(scene.drawing.shapes.size(), false);
-    scene.setting.beginStage(kTwiceShare);
-    findCutTwice(scene, followed, findings);
-    // What is missing in a program that stops early is the stop's fault.
-    if (!scene.setting.moreBehind) {
-        result.coverageJudged = true;
-        scene.setting.beginStage(kUncutShare);
-        const std::size_t cut = findUncut(scene, {explained, followed}, findings);
-        // What the tool follows above the surface is not cut.
-        result.shapesCut = findings.has(FindingKind::DepthZero) ? 0 : cut;
-    }
+    scene.setting.beginStage(kObjectsShare);
+    judgeObjects(scene, explained, findings, result);
 }
 
 }  // namespace
 
-void checkDrawing(const Setting& setting, const Drawing& drawing, Heights heights,
+void checkDrawing(const Setting& setting, const Drawing& drawing, const CutsToJudge& given,
                   Findings& findings, CheckResult& result) {
-    setting.beginStage(kCutsShare);
-    const CutList cuts = cutsOf(setting, heights);
     if (!setting.goesOn(1, 1)) {
         return;
     }
-    const BoxTree cutTree = treeOf(cuts.cuts);
+    const CutList& cuts = given.cuts;
+    const CutTree cutTree(cuts);
     const BoxTree holeTree = treeOf(cuts.holes);
     ShapeIndex shapes(drawing, setting.unitsPerDrawingUnit);
     Setting judged = setting;
@@ -76,10 +76,10 @@ void checkDrawing(const Setting& setting, const Drawing& drawing, Heights height
         shapes = ShapeIndex(drawing, judged.unitsPerDrawingUnit);
     }
     const DirectedTree directed(
-        cuts.cuts.size(), [&cuts](std::size_t cut) -> const Curve& { return cuts.cuts[cut].curve; },
-        judged.tolerance, kRunsAlong);
+        cuts.cuts.size(), [&cuts](std::size_t cut) { return cuts.curveAt(cut); }, judged.tolerance,
+        kRunsAlong);
     applyRules(
-        {judged, drawing, shapes, cuts, cutTree, holeTree, directed, heights == Heights::Any},
+        {judged, drawing, shapes, cuts, cutTree, holeTree, directed, given.heights == Heights::Any},
         findings, result);
 }
 

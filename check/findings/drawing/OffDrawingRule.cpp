@@ -24,7 +24,9 @@ public:
               [&scene](std::size_t entry) -> const Curve& { return scene.shapes.outlineAt(entry); },
               scene.setting.tolerance, AlongBounds{}) {}
 
-    void cut(const Cut& cut) {
+    void cut(const Cut& given) {
+        const CutList& cuts = m_scene.cuts;
+        const Path cut{given, cuts.curveOf(given), cuts.isReversed(given)};
         std::vector<Interval> gaps = gapsIn(cut.curve);
         if (gaps.empty()) {
             close();
@@ -55,6 +57,12 @@ public:
     }
 
 private:
+    struct Path {
+        const Cut& cut;
+        Curve curve;
+        bool reversed;
+    };
+
     struct Run {
         bool open = false;
         std::uint32_t line = 0;
@@ -87,8 +95,9 @@ private:
         return m_parts.size() == 1 && m_parts.front().from == 0 && m_parts.front().to == 1;
     }
 
-    static Point at(const Cut& cut, double t) {
-        const PlanePoint place = pointAt(cut.curve, t);
+    static Point at(const Path& path, double t) {
+        const PlanePoint place = pointAt(path.curve, t);
+        const Cut& cut = path.cut;
         return {place.x, place.y, cut.startZ + (cut.endZ - cut.startZ) * t};
     }
 
@@ -97,24 +106,24 @@ private:
         return m_run.open && distance({m_run.to.x, m_run.to.y}, {place.x, place.y}) > kSame;
     }
 
-    void extend(const Cut& cut, const Interval& gap, const Point& first) {
-        const Point last = at(cut, cut.reversed ? gap.from : gap.to);
+    void extend(const Path& path, const Interval& gap, const Point& first) {
+        const Point last = at(path, path.reversed ? gap.from : gap.to);
         if (!m_run.open) {
             m_run.open = true;
-            m_run.line = cut.line;
-            m_run.firstMotion = cut.motion;
+            m_run.line = m_scene.lineOf(path.cut);
+            m_run.firstMotion = path.cut.motion;
             m_run.from = first;
         }
         m_run.to = last;
-        m_run.lastMotion = cut.motion;
-        m_run.length += lengthOf(cut.curve) * (gap.to - gap.from);
+        m_run.lastMotion = path.cut.motion;
+        m_run.length += lengthOf(path.curve) * (gap.to - gap.from);
         if (!m_findings.takesMore(FindingKind::CutOffDrawing)) {
             return;
         }
         const int places = m_looked < kPlacesAtMost ? kPlacesPerGap : 1;
         for (int place = 0; place < places; ++place) {
             const double part = places == 1 ? 0.5 : static_cast<double>(place) / (places - 1);
-            look(pointAt(cut.curve, gap.from + (gap.to - gap.from) * part));
+            look(pointAt(path.curve, gap.from + (gap.to - gap.from) * part));
         }
     }
 

@@ -26,7 +26,7 @@ Target targetOf(const Shape& shape, double scale) {
     } else if (target.curve.kind == Curve::Kind::Point) {
         target.hole = target.curve.a;
     }
-    if (target.hole && !isFinite(pointCurve(*target.hole))) {
+    if (target.hole && !isFinite(*target.hole)) {
         target.usable = false;
     }
     return target;

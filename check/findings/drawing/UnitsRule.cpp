@@ -15,8 +15,9 @@ std::vector<PlanePoint> samplesOf(const CutList& cuts) {
     std::vector<PlanePoint> samples;
     const auto stepFor = [](std::size_t count) { return count / kSamplesAtMost + 1; };
     for (std::size_t at = 0; at < cuts.cuts.size(); at += stepFor(cuts.cuts.size())) {
+        const Curve curve = cuts.curveAt(at);
         for (const double t : {0.0, 0.5, 1.0}) {
-            samples.push_back(pointAt(cuts.cuts[at].curve, t));
+            samples.push_back(pointAt(curve, t));
         }
     }
     for (std::size_t at = 0; at < cuts.holes.size(); at += stepFor(cuts.holes.size())) {

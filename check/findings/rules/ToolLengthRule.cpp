@@ -2,10 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "findings/rules/ToolLengthRule.h"
 
+#include <algorithm>
+
 namespace gcode_check {
 
 ToolLengthRule::ToolLengthRule(const Setting& setting, Findings& findings)
     : m_setting(setting), m_findings(findings) {
+    const std::vector<Fact>& facts = setting.reading.facts;
+    if (std::none_of(facts.begin(), facts.end(),
+                     [](const Fact& fact) { return fact.kind == FactKind::ToolLength; })) {
+        // Most programs have none; then all tools are alike.
+        return;
+    }
     for (const Motion& motion : setting.reading.motions) {
         if (motion.kind == MotionKind::ToolChange) {
             m_tools.insert(motion.tool);

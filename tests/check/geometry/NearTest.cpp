@@ -133,13 +133,13 @@ TEST(Near, WhatASegmentAlongAnArcIsBesideLiesBetweenWhatItSaysAndItsSlack) {
         };
         const double t = random.between(-0.1, 1.1);
         const Curve chord = segmentCurve(place(t), place(t + random.between(-0.1, 0.1)));
-        const auto beside = besideSegment(arc, chord, kWide);
-        if (!beside) {
+        std::vector<Interval> found;
+        ChordsOfArc chords(arc, kWide, found);
+        if (!chords.add(chord)) {
             continue;
         }
+        chords.finish();
         ++along;
-        const std::vector<Interval> found(beside->parts.begin(),
-                                          beside->parts.begin() + beside->count);
         std::vector<Interval> near;
         appendNear(arc, chord, kWide, Ends::Round, near);
         std::vector<Interval> square;
@@ -149,11 +149,65 @@ TEST(Near, WhatASegmentAlongAnArcIsBesideLiesBetweenWhatItSaysAndItsSlack) {
         }
         for (const Interval& part : square) {
             // Across the begin of a full turn lies no more than the slack.
-            const bool isHair = part.to - part.from <= beside->slack + 1e-9;
-            EXPECT_TRUE(isHair || within(part, found, beside->slack)) << round;
+            const bool isHair = part.to - part.from <= chords.slack() + 1e-9;
+            EXPECT_TRUE(isHair || within(part, found, chords.slack())) << round;
         }
     }
     EXPECT_GT(along, 3000);
+}
+
+// A way round a circle that begins anywhere, now and then where the circle does, and turns back
+// now and then.
+std::vector<Curve> chordsRound(const Curve& circle, Random& random) {
+    std::vector<Curve> chords;
+    double angle = random.below(3) == 0 ? circle.start : random.between(0, 7);
+    double step = random.below(2) == 0 ? kPi / 24 : -kPi / 24;
+    const auto place = [&] {
+        const double radius = circle.radius + random.between(-0.004, 0.004);
+        return PlanePoint{circle.centre.x + radius * std::cos(angle),
+                          circle.centre.y + radius * std::sin(angle)};
+    };
+    PlanePoint from = place();
+    for (int count = 1 + random.below(150); count > 0; --count) {
+        step = random.below(40) == 0 ? -step : step;
+        angle += step * (random.below(4) == 0 ? random.between(0.2, 1) : 1);
+        const PlanePoint to = place();
+        chords.push_back(segmentCurve(from, to));
+        from = to;
+    }
+    return chords;
+}
+
+TEST(Near, ARowOfChordsGathersWhatItsChordsGatherOneByOne) {
+    Random random(23);
+    int many = 0;
+    for (int round = 0; round < 2000; ++round) {
+        const Curve circle = arcCurve({random.between(-9, 9), random.between(-9, 9)},
+                                      random.below(2) == 0 ? 1 : random.between(0.5, 2),
+                                      random.below(2) == 0 ? 0 : random.between(0, 6), 2 * kPi);
+        std::vector<Interval> together;
+        std::vector<Interval> single;
+        std::vector<Interval> all;
+        ChordsOfArc row(circle, 0.02, together);
+        for (const Curve& chord : chordsRound(circle, random)) {
+            ASSERT_TRUE(row.add(chord));
+            ChordsOfArc alone(circle, 0.02, single);
+            ASSERT_TRUE(alone.add(chord));
+            alone.finish();
+            all.insert(all.end(), single.begin(), single.end());
+        }
+        row.finish();
+        EXPECT_NEAR(widthOf(together), widthOf(all), 1e-9) << round;
+        many += together.size() < all.size() / 4 ? 1 : 0;
+        const std::vector<Interval> gaps = gapsOf(together, 1e-9);
+        const std::vector<Interval> expected = gapsOf(all, 1e-9);
+        ASSERT_EQ(gaps.size(), expected.size()) << round;
+        for (std::size_t at = 0; at < gaps.size(); ++at) {
+            EXPECT_NEAR(gaps[at].from, expected[at].from, 1e-9) << round;
+            EXPECT_NEAR(gaps[at].to, expected[at].to, 1e-9) << round;
+        }
+    }
+    EXPECT_GT(many, 500);
 }
 
 }  // namespace
