@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -16,15 +15,6 @@ namespace {
 constexpr std::size_t kContours = 400;
 constexpr std::size_t kForbidden = 138;
 constexpr std::size_t kModes = 200;
-
-std::string lineOf(const std::string& text, std::uint32_t number) {
-    std::istringstream in(text);
-    std::string line;
-    for (std::uint32_t i = 0; i < number; ++i) {
-        std::getline(in, line);
-    }
-    return line;
-}
 
 /// The same steps, all of them, and the same line that is rejected, if any. How many were.
 std::size_t expectAsJudged(const std::vector<std::string>& texts) {
@@ -38,7 +28,8 @@ std::size_t expectAsJudged(const std::vector<std::string>& texts) {
         EXPECT_EQ(reading.stopLine == 0, judgements[i].isAccepted);
         if (reading.stopLine != 0) {
             EXPECT_EQ(reading.diagnostics[0].verdict, gcode_check::Verdict::Rejected);
-            EXPECT_EQ(lineOf(texts[i], reading.stopLine), judgements[i].badLine);
+            EXPECT_EQ(judge::lineOf(texts[i], reading.stopLine),
+                      judge::lineOf(judgements[i].badLine, 1));
             ++rejected;
         }
         if (testing::Test::HasFailure()) {

@@ -440,6 +440,16 @@ std::vector<Step> stepsOf(const Reading& reading) {
     return OwnSteps(reading).take();
 }
 
+std::string lineOf(const std::string& text, std::uint32_t number) {
+    std::istringstream in(text);
+    std::string line;
+    for (std::uint32_t i = 0; i < number; ++i) {
+        std::getline(in, line);
+    }
+    const std::size_t end = line.find_last_not_of(" \t\r");
+    return end == std::string::npos ? std::string() : line.substr(0, end + 1);
+}
+
 std::string difference(const std::vector<Step>& ours, const std::vector<Step>& theirs) {
     const std::size_t both = std::min(ours.size(), theirs.size());
     for (std::size_t i = 0; i < both; ++i) {

@@ -52,6 +52,9 @@ std::vector<Judgement> judgeAll(const std::vector<std::string>& programs);
 gcode_check::MachineOptions optionsWithTools();
 std::vector<Step> stepsOf(const gcode_check::Reading& reading);
 
+/// A line of a text, counted from 1, without blanks at its end.
+std::string lineOf(const std::string& text, std::uint32_t number);
+
 /// Empty: the same steps; otherwise the first difference.
 std::string difference(const std::vector<Step>& ours, const std::vector<Step>& theirs);
 

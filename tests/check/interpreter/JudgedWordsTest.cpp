@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
-#include <sstream>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -13,20 +14,6 @@
 namespace {
 
 constexpr std::size_t kPrograms = 160;
-
-std::string lineOf(const std::string& text, std::uint32_t number) {
-    std::istringstream in(text);
-    std::string line;
-    for (std::uint32_t i = 0; i < number; ++i) {
-        std::getline(in, line);
-    }
-    return line;
-}
-
-std::string trimmed(const std::string& text) {
-    const std::size_t end = text.find_last_not_of(' ');
-    return end == std::string::npos ? std::string() : text.substr(0, end + 1);
-}
 
 /// The steps of the lines before the one that is rejected; what that one does first is not told
 /// apart from the beginning of nothing.
@@ -62,8 +49,8 @@ TEST(JudgedPrograms, WhateverWordsStandTogetherAreTakenOrRejectedAsTheController
         EXPECT_EQ(reading.stopLine == 0, judgements[seed].isAccepted);
         EXPECT_EQ(difference(reading, judgements[seed].steps), "");
         if (reading.stopLine != 0) {
-            EXPECT_EQ(trimmed(lineOf(texts[seed], reading.stopLine)),
-                      trimmed(judgements[seed].badLine));
+            EXPECT_EQ(judge::lineOf(texts[seed], reading.stopLine),
+                      judge::lineOf(judgements[seed].badLine, 1));
             ++rejected;
         }
         if (HasFailure()) {

@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -66,16 +65,6 @@ std::vector<Sample> samples() {
     return result;
 }
 
-std::string lineOf(const std::string& text, std::uint32_t number) {
-    std::istringstream in(text);
-    std::string line;
-    for (std::uint32_t i = 0; i < number; ++i) {
-        std::getline(in, line);
-    }
-    const std::size_t end = line.find_last_not_of(" \t\r");
-    return end == std::string::npos ? std::string() : line.substr(0, end + 1);
-}
-
 void expectAll(const Sample& sample, const gcode_check::Reading& reading,
                const judge::Judgement& judgement) {
     EXPECT_EQ(judge::difference(judge::stepsOf(reading), judgement.steps), "");
@@ -83,7 +72,7 @@ void expectAll(const Sample& sample, const gcode_check::Reading& reading,
     const bool lacksEnd = reading.endLine == 0 && reading.stopLine == 0;
     EXPECT_EQ(reading.stopLine == 0 && !lacksEnd, judgement.isAccepted) << judgement.message;
     if (reading.stopLine != 0) {
-        EXPECT_EQ(lineOf(sample.text, reading.stopLine), lineOf(judgement.badLine, 1))
+        EXPECT_EQ(judge::lineOf(sample.text, reading.stopLine), judge::lineOf(judgement.badLine, 1))
             << judgement.message;
     }
 }
