@@ -147,12 +147,13 @@ double sizeOf(const std::vector<Strip>& strips) {
     return size;
 }
 
-/// Whether all are wide enough to tell an angle on them.
-bool areWide(const std::vector<Strip>& strips) {
+/// Whether an angle can be told on all of them: they are wide enough and begin within some turns.
+bool areClear(const std::vector<Strip>& strips) {
     return std::all_of(strips.begin(), strips.end(), [](const Strip& strip) {
         const double u = std::hypot(strip.u.x, strip.u.y);
         const double v = std::hypot(strip.v.x, strip.v.y);
-        return !strip.isBent() || std::min(u, v) > 1e-3 * std::max({u, v, 1.0});
+        return !strip.isBent() ||
+               (std::min(u, v) > 1e-3 * std::max({u, v, 1.0}) && std::abs(strip.start) < 1e3);
     });
 }
 
@@ -202,7 +203,7 @@ void checkImages(const Shape& shape, const Affine& map, const std::vector<Shape>
     const double size =
         std::max({sizeOf(before), sizeOf(after), std::abs(map.shift.x), std::abs(map.shift.y)});
     // What is flat, tiny or far off loses the digits that this looks at.
-    if (before.empty() || !(size < 1e6) || !areWide(before) || !areWide(after) ||
+    if (before.empty() || !(size < 1e6) || !areClear(before) || !areClear(after) ||
         !invert(map, &inverse)) {
         return;
     }

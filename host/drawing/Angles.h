@@ -29,4 +29,14 @@ inline AngleSpan withinOneTurn(AngleSpan span, double turn) {
     return span;
 }
 
+/// The span turned by an angle. One that is too short for the sum to tell its ends apart stays as
+/// short as can be: with equal ends it would count as a full turn.
+inline AngleSpan turnedBy(const AngleSpan& span, double angle) {
+    AngleSpan turned{span.start + angle, span.end + angle};
+    if (span.end > span.start && !(turned.end > turned.start)) {
+        turned.end = std::nextafter(turned.start, HUGE_VAL);
+    }
+    return turned;
+}
+
 }  // namespace kxdrawing

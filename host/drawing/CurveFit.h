@@ -27,8 +27,8 @@ struct Curve {
 /// halved until both the curve lies within the tolerance of the chain and the chain within that of
 /// the curve. A tolerance finer than a thousand-millionth of the curve's size counts as that. A
 /// curve that leaves the plane z = constant gets straight segments only. The chain starts and ends
-/// at the curve's ends exactly; it has at most 50,000 segments, the last ones straight and as
-/// coarse as they must be. The last vertex has no bulge.
+/// at the curve's ends exactly; from 50,000 segments on what is left is straight and as coarse as
+/// it must be. The last vertex has no bulge.
 std::vector<kxPolyLineVertex> fitArcs(const Curve& curve, double tolerance);
 
 }  // namespace kxdrawing

@@ -24,6 +24,12 @@ kxVector3 combined(double s, const kxVector3& a, double t, const kxVector3& b) {
     return {s * a.x + t * b.x, s * a.y + t * b.y, s * a.z + t * b.z};
 }
 
+void turnParameters(kxEllipseArcData& data, double angle) {
+    const AngleSpan span = turnedBy({data.startParameter, data.endParameter}, angle);
+    data.startParameter = span.start;
+    data.endParameter = span.end;
+}
+
 /// The axes turned by the parameter `turn`, which then is the new parameter 0.
 kxEllipseArcData shifted(kxEllipseArcData data, double turn) {
     const double c = std::cos(turn);
@@ -32,8 +38,7 @@ kxEllipseArcData shifted(kxEllipseArcData data, double turn) {
     const kxVector3 v = data.minorAxis;
     data.majorAxis = combined(c, u, s, v);
     data.minorAxis = combined(-s, u, c, v);
-    data.startParameter -= turn;
-    data.endParameter -= turn;
+    turnParameters(data, -turn);
     return data;
 }
 
@@ -55,8 +60,7 @@ kxEllipseArcData normalized(kxEllipseArcData data) {
         data.endParameter = kTwoPi;
     } else {
         const double turns = std::floor(data.startParameter / kTwoPi);
-        data.startParameter -= turns * kTwoPi;
-        data.endParameter -= turns * kTwoPi;
+        turnParameters(data, -turns * kTwoPi);
     }
     return data;
 }

@@ -58,14 +58,11 @@ bool Transformer::operator()(const kxCircleArcData& shape) {
     kxCircleArcData arc = shape;
     arc.center = m_map.point(shape.center);
     arc.radius = shape.radius * m_map.lengthFactor();
-    const double turn = m_map.rotation();
-    if (m_map.mirrors()) {
-        arc.startParameter = turn - shape.endParameter;
-        arc.endParameter = turn - shape.startParameter;
-    } else {
-        arc.startParameter += turn;
-        arc.endParameter += turn;
-    }
+    const AngleSpan span = m_map.mirrors() ? AngleSpan{-shape.endParameter, -shape.startParameter}
+                                           : AngleSpan{shape.startParameter, shape.endParameter};
+    const AngleSpan turned = turnedBy(span, m_map.rotation());
+    arc.startParameter = turned.start;
+    arc.endParameter = turned.end;
     return keep(arc);
 }
 

@@ -9,6 +9,7 @@
 #include "drawing/Biarc.h"
 #include "drawing/Bulge.h"
 #include "drawing/Ellipse.h"
+#include "drawing/ShapeTransform.h"
 #include "drawing/SplineFit.h"
 
 namespace kxdrawing {
@@ -108,6 +109,45 @@ TEST(Angles, A_span_is_brought_within_one_turn_only_when_it_has_to) {
     EXPECT_EQ(withinOneTurn({90, 90}, 360).end, 450);
     EXPECT_EQ(withinOneTurn({0, 720}, 360).end, 360);
     EXPECT_EQ(withinOneTurn({0, -360}, 360).end, 360);
+}
+
+TEST(Angles, A_span_that_is_turned_does_not_become_a_full_turn_by_rounding) {
+    EXPECT_EQ(turnedBy({1, 2}, 0.5).start, 1.5);
+    EXPECT_EQ(turnedBy({1, 2}, 0.5).end, 2.5);
+    const AngleSpan turned = turnedBy({0, 1e-38}, 3);
+    EXPECT_EQ(turned.start, 3);
+    EXPECT_EQ(turned.end, std::nextafter(3.0, 4.0));
+    // What has equal ends before is a full turn.
+    EXPECT_EQ(turnedBy({1, 1}, 3).end, 4);
+}
+
+double sweepOf(const Shape& shape) {
+    if (const auto* arc = std::get_if<kxCircleArcData>(&shape)) {
+        return arc->endParameter - arc->startParameter;
+    }
+    const auto& ellipse = std::get<kxEllipseArcData>(shape);
+    return ellipse.endParameter - ellipse.startParameter;
+}
+
+TEST(ShapeTransform, An_arc_shorter_than_rounding_does_not_become_a_full_turn) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> number(0.1, 3);
+    for (int round = 0; round < 300; ++round) {
+        const double sign = round % 2 == 0 ? 1 : -1;
+        const Affine map = Affine::rotationDeg(100 * number(random)) *
+                           Affine::scaling({sign * 2, round % 3 == 0 ? 2 : number(random), 1});
+        const double start = round % 5 == 0 ? 0 : number(random);
+        const double end = round % 5 == 0 ? 1e-38 : std::nextafter(start, 4);
+        const Shape arc = kxCircleArcData{{1, 2, 0}, 5, start, end, {}, {}};
+        const Shape part = principalForm({{1, 2, 0}, {4, 3, 0}, {-1.5, 2, 0}, start, end});
+        for (const Shape& shape : {arc, part}) {
+            std::vector<Shape> images;
+            transformShape(shape, map, &images);
+            ASSERT_EQ(images.size(), 1U);
+            EXPECT_GT(sweepOf(images.front()), 0) << round;
+            EXPECT_LT(sweepOf(images.front()), 1e-9) << round;
+        }
+    }
 }
 
 TEST(Biarc, Both_arcs_share_a_tangent_and_have_those_of_the_ends) {
